@@ -1,0 +1,14 @@
+# Warnings and hardening, as targets that the library and its tests link. Warnings are errors where
+# CMAKE_COMPILE_WARNING_AS_ERROR says so, which CI does: a newer compiler must not break a release.
+add_library(atr_warnings INTERFACE)
+target_compile_options(atr_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wformat=2 -Wvla)
+
+add_library(atr_hardening INTERFACE)
+target_compile_options(atr_hardening INTERFACE
+  $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong>)
+target_compile_definitions(atr_hardening INTERFACE
+  $<$<CONFIG:Release,RelWithDebInfo>:_FORTIFY_SOURCE=2>)
+if(NOT WIN32)
+  target_link_options(atr_hardening INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
+endif()
