@@ -1,0 +1,18 @@
+// ATR_API marks what the shared library offers. A static build, and tests that take the library's
+// objects as they are, define ATR_STATIC.
+#ifndef ATR_FRAME_EXPORT_H
+#define ATR_FRAME_EXPORT_H
+
+#if defined(ATR_STATIC)
+#define ATR_API
+#elif defined(_WIN32)
+#if defined(ATR_BUILD)
+#define ATR_API __declspec(dllexport)
+#else
+#define ATR_API __declspec(dllimport)
+#endif
+#else
+#define ATR_API __attribute__((visibility("default")))
+#endif
+
+#endif  // ATR_FRAME_EXPORT_H

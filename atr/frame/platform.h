@@ -1,0 +1,50 @@
+// What differs between the platforms, one call or one fact each. No other room asks which system it
+// is on; platform_posix.cpp and platform_windows.cpp define these names in this order.
+#ifndef ATR_FRAME_PLATFORM_H
+#define ATR_FRAME_PLATFORM_H
+
+#include <cstddef>
+#include <cstdio>
+
+namespace atr::platform {
+
+extern char const directorySeparator[2];
+extern char const foreignSeparator[2];  // rewritten to directorySeparator in paths
+extern char const listSeparator;        // between the entries of a search path
+
+/// The platform's own name for a United States English locale.
+extern char const* const englishLocale;
+
+/// Puts "NAME=value" into the environment of the process, which may keep pointing at the text.
+void publishVariable(char* nameAndValue) noexcept;
+
+/// Opens a regular file to read text, or answers null. A directory, a FIFO or a device counts as
+/// not opening, and none of them blocks.
+std::FILE* openText(char const* path) noexcept;
+
+/// Reads a line as fgets does, with a line end of CR LF read as LF.
+/// @return `line`, or null at the end of the file.
+char* readLine(char* line, int size, std::FILE* stream) noexcept;
+
+/// Codesets of the process locale that fast paths know by name.
+enum class Codeset { other, ascii, latin1, utf8 };
+Codeset currentCodeset() noexcept;
+
+/// Bytes of the character at `text`, looking at `bound` bytes at most: 0 at a NUL, negative for an
+/// invalid or cut character. Keeps no shift state.
+int characterBytes(char const* text, std::size_t bound) noexcept;
+
+/// Decodes the character at `text` into `code` and answers its bytes; 0 at a NUL, negative if it is
+/// invalid, cut, or no single code. Keeps no shift state.
+int decodeCharacter(unsigned int& code, char const* text, std::size_t bound) noexcept;
+
+/// Room for the longest character of any locale with its shift sequences, in bytes.
+constexpr std::size_t kCharacterRoom = 64;
+
+/// Encodes `code` into `out`, which has kCharacterRoom bytes, and answers the bytes written;
+/// negative, with `out` undefined, if the locale has no such character. Keeps no shift state.
+int encodeCharacter(char* out, unsigned int code) noexcept;
+
+}  // namespace atr::platform
+
+#endif  // ATR_FRAME_PLATFORM_H

@@ -1,0 +1,93 @@
+// The platform layer on POSIX systems.
+#include <fcntl.h>
+#include <langinfo.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+
+#include "atr/frame/platform.h"
+
+namespace atr::platform {
+
+static_assert(kCharacterRoom >= 2 * MB_LEN_MAX);
+
+char const directorySeparator[2] = "/";
+char const foreignSeparator[2] = "\\";
+char const listSeparator = ':';
+
+char const* const englishLocale = "en_US.UTF-8";
+
+void publishVariable(char* nameAndValue) noexcept { putenv(nameAndValue); }
+
+std::FILE* openText(char const* path) noexcept {
+  int const file = open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (file < 0) return nullptr;
+  struct stat status;
+  std::FILE* const stream =
+      fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? fdopen(file, "r") : nullptr;
+  if (stream == nullptr) close(file);
+  return stream;
+}
+
+// The pair may straddle the buffer's end: there the CR is the buffer's last byte, and the LF is
+// still to come.
+char* readLine(char* line, int size, std::FILE* stream) noexcept {
+  if (std::fgets(line, size, stream) == nullptr) return nullptr;
+  std::size_t const length = std::strlen(line);
+  if (length >= 2 && line[length - 1] == '\n' && line[length - 2] == '\r') {
+    line[length - 2] = '\n';
+    line[length - 1] = '\0';
+  } else if (length + 1 == static_cast<std::size_t>(size) && line[length - 1] == '\r') {
+    int const next = std::getc(stream);
+    if (next == '\n') {
+      line[length - 1] = '\n';
+    } else if (next != EOF) {
+      std::ungetc(next, stream);
+    }
+  }
+  return line;
+}
+
+Codeset currentCodeset() noexcept {
+  char const* const name = nl_langinfo(CODESET);
+  if (std::strcmp(name, "UTF-8") == 0) return Codeset::utf8;
+  if (std::strcmp(name, "ISO-8859-1") == 0) return Codeset::latin1;
+  if (std::strcmp(name, "ANSI_X3.4-1968") == 0) return Codeset::ascii;
+  return Codeset::other;
+}
+
+int characterBytes(char const* text, std::size_t bound) noexcept {
+  std::mbstate_t state{};
+  std::size_t const bytes = std::mbrlen(text, bound, &state);
+  return bytes <= bound ? static_cast<int>(bytes) : -1;
+}
+
+// A few charsets have characters that stand for two codes; the second is then left in the state.
+int decodeCharacter(unsigned int& code, char const* text, std::size_t bound) noexcept {
+  std::mbstate_t state{};
+  wchar_t wide = 0;
+  std::size_t const bytes = std::mbrtowc(&wide, text, bound, &state);
+  if (bytes > bound || std::mbsinit(&state) == 0) return -1;
+  code = static_cast<unsigned int>(wide);
+  return static_cast<int>(bytes);
+}
+
+// The same charsets hold a code back that might combine with the next one; storing a NUL brings it
+// out.
+int encodeCharacter(char* out, unsigned int code) noexcept {
+  std::mbstate_t state{};
+  std::size_t bytes = std::wcrtomb(out, static_cast<wchar_t>(code), &state);
+  if (bytes == static_cast<std::size_t>(-1)) return -1;
+  if (std::mbsinit(&state) == 0) {
+    std::size_t const rest = std::wcrtomb(out + bytes, L'\0', &state);
+    if (rest == static_cast<std::size_t>(-1)) return -1;
+    bytes += rest - 1;
+  }
+  return static_cast<int>(bytes);
+}
+
+}  // namespace atr::platform
