@@ -1,0 +1,51 @@
+// How much room a body is given: a short one fills whole units of 32 bytes together with its
+// header, a longer one has none to spare. Also what layout and formatting reckon with when they
+// build in one step what is defined in many.
+#ifndef ATR_STRINGS_BODY_ROOM_H
+#define ATR_STRINGS_BODY_ROOM_H
+
+#include <climits>
+#include <cstdint>
+#include <new>
+
+namespace atr {
+
+constexpr int kHeaderBytes = 12;
+constexpr int kUnitBytes = 32;              // an inline representation fills whole units
+constexpr int kMaxInlineUnits = 7;          // beside the first one
+constexpr int kMaxCapacity = INT_MAX - 64;  // leaves room for the reckoning with units
+
+constexpr int unitsFor(int capacity) noexcept { return (capacity + 17) >> 5; }
+
+constexpr bool fitsInline(int capacity) noexcept { return unitsFor(capacity) <= kMaxInlineUnits; }
+
+/// The `size` of a representation that is made for `capacity` bytes of text.
+constexpr int bodySize(int capacity) noexcept {
+  return fitsInline(capacity) ? kUnitBytes * unitsFor(capacity) + 20 : capacity + 1;
+}
+
+/// A length that a string can have, or std::bad_alloc. A count of any integer type.
+template <class Bytes>
+int checkedLength(Bytes bytes) {
+  if (bytes > Bytes{kMaxCapacity}) throw std::bad_alloc();
+  return static_cast<int>(bytes);
+}
+
+/// What a sole owner's room comes to when it grows text by text, without the blocks in between.
+class BodyRoom {
+ public:
+  /// The text grows to `length` bytes.
+  void growTo(int length) noexcept {
+    if (capacity_ < 0 || bodySize(capacity_) <= length) capacity_ = length;
+  }
+
+  /// The capacity that the last move asked for.
+  int capacity() const noexcept { return capacity_; }
+
+ private:
+  int capacity_ = -1;
+};
+
+}  // namespace atr
+
+#endif  // ATR_STRINGS_BODY_ROOM_H

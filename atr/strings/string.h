@@ -1,0 +1,148 @@
+// The public string. Copying shares, writing copies first; see string_base.h for the rules that all
+// operations keep.
+#ifndef ATR_STRINGS_STRING_H
+#define ATR_STRINGS_STRING_H
+
+#include <cstddef>
+
+#include "atr/frame/export.h"
+#include "atr/strings/string_base.h"
+
+/// A text of bytes ended by a NUL, counted and copied on write. Copying costs one increment; a text
+/// of up to 238 bytes costs one allocation, a longer one two.
+class atr_String : public atr_StringBase {
+ public:
+  /// The null representation: an empty string that allocates nothing.
+  atr_String() noexcept = default;
+  /// Shares the representation of `other`.
+  atr_String(atr_String const& other) noexcept = default;
+  /// Takes the representation of `other`, which is left empty.
+  atr_String(atr_String&& other) noexcept : atr_StringBase() { exchangeWith(other); }
+  /// A copy of `text`; null and empty texts give the null representation.
+  atr_String(char const* text) : atr_StringBase(text != nullptr ? text : atr_emptyText) {}
+  /// A copy of the first `length` bytes of `text`; always has a representation.
+  atr_String(char const* text, int length) : atr_StringBase(text, length) {}
+
+  /// The number in text, as atr_StringBase prints it.
+  explicit atr_String(int value) : atr_StringBase(value) {}
+  explicit atr_String(unsigned int value) : atr_StringBase(value) {}
+  explicit atr_String(float value) : atr_StringBase(value) {}
+  explicit atr_String(double value) : atr_StringBase(value) {}
+
+  /// Reads `text`, which must outlive every sharer, where it stands until the first write.
+  atr_String(char const* text, int length, Borrow how) : atr_StringBase(text, length, how) {}
+  /// Takes over a block of operator new that holds `length` bytes of text and a NUL.
+  atr_String(char* text, int length, Adopt how) : atr_StringBase(text, length, how) {}
+  /// An empty text with room for `capacity` bytes.
+  atr_String(int capacity, PreSizeEnm how) : atr_StringBase(capacity, how) {}
+
+  ATR_API ~atr_String();
+
+  /// Shares the representation of `other`.
+  atr_String& operator=(atr_String const& other) {
+    atr_StringBase::operator=(other);
+    return *this;
+  }
+  /// Takes the representation of `other`, which is left empty unless it is this string.
+  atr_String& operator=(atr_String&& other) noexcept {
+    atr_String taken(static_cast<atr_String&&>(other));
+    exchangeWith(taken);
+    return *this;
+  }
+  /// Takes a copy of `text`, in place where there is room; null counts as empty.
+  atr_String& operator=(char const* text) {
+    atr_StringBase::operator=(text);
+    return *this;
+  }
+
+  /// Bytes of text.
+  std::size_t length() const noexcept { return static_cast<std::size_t>(lengthOf(*this)); }
+  bool IsEmpty() const noexcept { return length() == 0; }
+  /// The text, never null; borrowed until the string next changes.
+  char const* c_str() const noexcept { return textOf(*this); }
+
+  /// A new string of at most `count` bytes from `position`; it never shares and always has a
+  /// representation. Empty for a position at or beyond the end.
+  ATR_API atr_String Substr(std::size_t position, std::size_t count) const;
+  /// Field `index`, from 0, of the text cut at each `delimiter` byte; a field that is empty or not
+  /// there gives the null representation. The text ends at its first NUL.
+  ATR_API atr_String extract(int index, char delimiter) const;
+  /// The same with each `escape` in the field dropped and each pair of them made one. The escape
+  /// does not protect a delimiter.
+  ATR_API atr_String extract(int index, char delimiter, char escape) const;
+  /// Adds the text of `other`, which may be this string, at the end.
+  ATR_API atr_String& Append(atr_String const& other);
+
+  /// Folds `text` into lines: a line ends at the first word end at which it has `limit` bytes or
+  /// more, so the width is a minimum. The white-space byte at a break gives way to the newline; a
+  /// newline that ends the text survives, another final white-space byte does not. Characters are
+  /// the process locale's. A text of at most `limit` bytes comes back shared. O(length).
+  /// @param limit bytes, at least 1; 0 counts as 1.
+  ATR_API static atr_String BreakLineString(atr_String const& text, std::size_t limit);
+  /// Folds each line of `text` by itself. With `keepBreaks` a text that holds a newline comes back
+  /// as it is, shared.
+  ATR_API static atr_String AddLineBreaks(atr_String const& text, std::size_t limit,
+                                          bool keepBreaks);
+
+  /// Puts `value` in the place of the first `%d`, or for another `position` than 0 of the first
+  /// `%position$d`. Nothing happens if the text has none. No translation takes place.
+  ATR_API atr_String& ReplaceNonTranslated(int position, int value);
+  /// The same for the first `%s` or `%position$s`. A null value counts as empty.
+  ATR_API atr_String& ReplaceNonTranslated(int position, atr_StringBase const& value);
+  ATR_API atr_String& ReplaceNonTranslated(int position, char const* value);
+  /// The same for the first `pattern`, any text; a null or empty one is never found.
+  ATR_API atr_String& ReplaceNonTranslated(char const* pattern, atr_StringBase const& value);
+  ATR_API atr_String& ReplaceNonTranslated(char const* pattern, char const* value);
+
+  // The operations of the base, told there. Those that change the string return it.
+
+  void Delete() { atr_StringBase::Delete(); }
+  void isolate(int n) { atr_StringBase::isolate(n); }
+  char* get(int n) { return atr_StringBase::get(n); }
+  atr_String& append(char const* src, int srcLength, int srcPos, int count) {
+    return self(atr_StringBase::append(src, srcLength, srcPos, count));
+  }
+  atr_String& Erase(int pos, int count) { return self(atr_StringBase::Erase(pos, count)); }
+  atr_String& insert(int pos, char const* src, int srcLength, int srcPos, int count) {
+    return self(atr_StringBase::insert(pos, src, srcLength, srcPos, count));
+  }
+  atr_String& replace(int pos, int count, char const* src, int srcLength, int srcPos,
+                      int srcCount) {
+    return self(atr_StringBase::replace(pos, count, src, srcLength, srcPos, srcCount));
+  }
+  atr_String& Replace(int pos, int count, char const* src, int srcLength) {
+    return self(atr_StringBase::Replace(pos, count, src, srcLength));
+  }
+  char operator[](int i) const { return atr_StringBase::operator[](i); }
+  char& operator[](int i) { return atr_StringBase::operator[](i); }
+  void SetStringLength(int n) { atr_StringBase::SetStringLength(n); }
+  int Find(char const* text, int pos) const { return atr_StringBase::Find(text, pos); }
+  int rfind(char const* text, int textLength, int lastStart) const {
+    return atr_StringBase::rfind(text, textLength, lastStart);
+  }
+  atr_String& Substitute(atr_StringBase const& from, atr_StringBase const& to, int count) {
+    return self(atr_StringBase::Substitute(from, to, count));
+  }
+  /// The base's Substr, which only measures; its own name is taken.
+  int SubstrLength(int pos, int count) const { return atr_StringBase::Substr(pos, count); }
+  atr_String& LeftTrim(char const* set) { return self(atr_StringBase::LeftTrim(set)); }
+  atr_String& RightTrim(char const* set) { return self(atr_StringBase::RightTrim(set)); }
+  atr_String& Trim(char const* set) { return self(atr_StringBase::Trim(set)); }
+  atr_String& ToLower() { return self(atr_StringBase::ToLower()); }
+  atr_String& ToUpper() { return self(atr_StringBase::ToUpper()); }
+  atr_String& Capitalize() { return self(atr_StringBase::Capitalize()); }
+  atr_String& Uncapitalize() { return self(atr_StringBase::Uncapitalize()); }
+  atr_String& Reverse() { return self(atr_StringBase::Reverse()); }
+
+ private:
+  static atr_String& self(atr_StringBase& base) noexcept { return static_cast<atr_String&>(base); }
+};
+
+/// A new string of the two texts, the sole holder of its representation; both operands stay as they
+/// were. A temporary left operand lends its body.
+ATR_API atr_String operator+(atr_String left, atr_String const& right);
+
+/// A new string with a copy of `text`; a null pointer gives the empty string.
+inline atr_String atr_StringFromText(char const* text) { return atr_String(text); }
+
+#endif  // ATR_STRINGS_STRING_H

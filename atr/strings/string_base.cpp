@@ -1,0 +1,275 @@
+// The representation: how it is made, shared, written to and ended. Blocks are taken before any
+// state changes, so that an operation that runs out of memory has changed nothing.
+#include "atr/strings/string_base.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <new>
+
+#include "atr/strings/body_room.h"
+#include "atr/strings/exponent.h"
+#include "atr/strings/summary.h"
+
+using namespace atr;
+
+static_assert(sizeof(atr_StringRep) == kHeaderBytes);
+
+extern char const atr_emptyText[1] = {'\0'};
+
+void atr_StringRep::operator delete(void* block) noexcept { ::operator delete(block); }
+void atr_StringRep::operator delete(void* block, int /*bytes*/) noexcept {
+  ::operator delete(block);
+}
+
+namespace {
+
+char* bodyBehind(atr_StringRep* rep) noexcept { return reinterpret_cast<char*>(rep + 1); }
+
+struct Blocks {
+  atr_StringRep* rep;
+  char* body;
+};
+
+// Reports nothing: what happens to the blocks is not known until they are all there.
+Blocks takeBlocks(int capacity, int length) {
+  int const size = bodySize(checkedLength(capacity));
+  if (fitsInline(capacity)) {
+    void* const block = ::operator new(static_cast<std::size_t>(size + kHeaderBytes));
+    auto* const rep = new (block) atr_StringRep{1, size, length};
+    return {rep, bodyBehind(rep)};
+  }
+  void* const header = ::operator new(kHeaderBytes);
+  void* const body = ::operator new(static_cast<std::size_t>(size), std::nothrow);
+  if (body == nullptr) {
+    ::operator delete(header);
+    throw std::bad_alloc();
+  }
+  return {new (header) atr_StringRep{1, size, length}, static_cast<char*>(body)};
+}
+
+void reportCreated(int inlineSize) noexcept {
+  if (atr_summary != nullptr) atr_summary->RepCreated(inlineSize);
+}
+
+void reportDeleted(int length, int inlineSize) noexcept {
+  if (atr_summary != nullptr) atr_summary->RepDeleted(length, inlineSize);
+}
+
+// What is to be freed of a representation that ends, and how the end is reported.
+struct EndingRep {
+  EndingRep(atr_StringRep* endingRep, char* endingBody) noexcept
+      : rep(endingRep),
+        separateBody(endingRep->size != 0 && endingBody != bodyBehind(endingRep) ? endingBody
+                                                                                 : nullptr),
+        inlineSize(separateBody == nullptr ? endingRep->size : 0) {}
+
+  void report() const noexcept { reportDeleted(rep->length, inlineSize); }
+
+  atr_StringRep* rep;
+  char* separateBody;  // null for an inline and for a borrowed body
+  int inlineSize;      // 0 for any other
+};
+
+}  // namespace
+
+// --- making one -------------------------------------------------------------------------------
+
+void atr_StringBase::makeRep(int capacity, int length) {
+  Blocks const fresh = takeBlocks(capacity, length);
+  rep = fresh.rep;
+  body = fresh.body;
+  reportCreated(isInline() ? rep->size : 0);
+}
+
+void atr_StringBase::makeCopy(char const* text, int length, int capacity) {
+  makeRep(capacity != 0 ? capacity : length, length);
+  if (length > 0) std::memcpy(body, text, static_cast<std::size_t>(length));
+  body[length] = '\0';
+}
+
+namespace {
+
+// The longest is a sign, 15 digits, a point and an exponent.
+constexpr std::size_t kNumberRoom = 80;
+
+}  // namespace
+
+atr_StringBase::atr_StringBase(int value) : atr_StringBase() {
+  char text[kNumberRoom];
+  makeCopy(text, std::snprintf(text, kNumberRoom, "%d", value), 0);
+}
+
+atr_StringBase::atr_StringBase(unsigned int value) : atr_StringBase() {
+  char text[kNumberRoom];
+  makeCopy(text, std::snprintf(text, kNumberRoom, "%u", value), 0);
+}
+
+atr_StringBase::atr_StringBase(float value) : atr_StringBase() {
+  char text[kNumberRoom];
+  int const length = std::snprintf(text, kNumberRoom, "%g", static_cast<double>(value));
+  makeCopy(text, length - shortenExponent(text), 0);
+}
+
+atr_StringBase::atr_StringBase(double value) : atr_StringBase() {
+  char text[kNumberRoom];
+  int const length = std::snprintf(text, kNumberRoom, "%.15g", value);
+  makeCopy(text, length - shortenExponent(text), 0);
+}
+
+atr_StringBase::atr_StringBase(char const* text) : atr_StringBase() {
+  std::size_t const length = text != nullptr ? std::strlen(text) : 0;
+  if (length > 0) makeCopy(text, checkedLength(length), 0);
+}
+
+atr_StringBase::atr_StringBase(char const* text, int length) : atr_StringBase() {
+  makeCopy(text, text != nullptr ? std::max(length, 0) : 0, 0);
+}
+
+atr_StringBase::atr_StringBase(char const* text, int length, Borrow) : atr_StringBase() {
+  if (text == nullptr) return;
+  rep = new (::operator new(kHeaderBytes)) atr_StringRep{1, 0, std::max(length, 0)};
+  body = const_cast<char*>(text);  // size 0 keeps every writer away from it
+  reportCreated(0);
+}
+
+atr_StringBase::atr_StringBase(char* text, int length, Adopt) : atr_StringBase() {
+  if (text == nullptr) return;
+  int const textLength = checkedLength(std::max(length, 0));
+  rep = new (::operator new(kHeaderBytes)) atr_StringRep{1, textLength + 1, textLength};
+  body = text;
+  reportCreated(0);
+}
+
+atr_StringBase::atr_StringBase(int capacity, PreSizeEnm) : atr_StringBase() {
+  makeRep(std::max(capacity, 0), 0);
+  body[0] = '\0';
+}
+
+// --- sharing ----------------------------------------------------------------------------------
+
+atr_StringBase::~atr_StringBase() { leave(); }
+
+void atr_StringBase::leave() noexcept {
+  if (rep != nullptr && --rep->refCount == 0) Delete();
+}
+
+// The count goes up before it goes down, which makes self-assignment harmless.
+atr_StringBase& atr_StringBase::operator=(atr_StringBase const& other) {
+  if (other.rep != nullptr) ++other.rep->refCount;
+  leave();
+  body = other.body;
+  rep = other.rep;
+  return *this;
+}
+
+atr_StringBase& atr_StringBase::operator=(char const* text) {
+  std::size_t const length = text != nullptr ? std::strlen(text) : 0;
+  if (length == 0) {
+    leave();
+    body = nullptr;
+    rep = nullptr;
+    return *this;
+  }
+  int const n = checkedLength(length);
+  ::operator delete(get(n));
+  std::memmove(body, text, length + 1);  // a tail of the own text stands in this very body
+  rep->length = n;
+  return *this;
+}
+
+void atr_StringBase::Delete() {
+  if (rep == nullptr || rep->refCount > 0) return;
+  EndingRep const ending(rep, body);
+  ending.report();
+  ::operator delete(ending.separateBody);
+  atr_StringRep::operator delete(rep);
+  body = nullptr;
+  rep = nullptr;
+}
+
+// --- becoming sole owner ----------------------------------------------------------------------
+
+bool atr_StringBase::isInline() const noexcept { return body == bodyBehind(rep); }
+
+bool atr_StringBase::isSoleOwnerWithRoom(int n) const noexcept {
+  return rep != nullptr && rep->refCount == 1 && rep->size > n;
+}
+
+bool atr_StringBase::tryExtend(int /*n*/) noexcept {
+  if (atr_summary != nullptr) ++atr_summary->extensionFailures;
+  return false;
+}
+
+void atr_StringBase::isolate(int n) {
+  int const capacity = std::max(n, lengthOf(*this));
+  if (isSoleOwnerWithRoom(capacity)) return;
+  if (rep == nullptr) {
+    makeRep(capacity, 0);
+    body[0] = '\0';
+    return;
+  }
+  bool const isShared = rep->refCount > 1;
+  if (!isShared && isInline() && tryExtend(capacity)) return;
+  atr_StringRep* const old = rep;
+  EndingRep const ending(rep, body);
+  makeCopy(body, old->length, capacity);
+  if (isShared) {
+    --old->refCount;
+    return;
+  }
+  ending.report();
+  ::operator delete(ending.separateBody);
+  atr_StringRep::operator delete(old);
+}
+
+char* atr_StringBase::get(int n) {
+  int const capacity = std::max(n, 0);
+  if (isSoleOwnerWithRoom(capacity)) return nullptr;
+  bool const isShared = rep != nullptr && rep->refCount > 1;
+  if (rep != nullptr && !isShared && isInline() && tryExtend(capacity)) return nullptr;
+  Blocks const fresh = takeBlocks(capacity, 0);
+  char* toFree = nullptr;
+  if (isShared) {
+    --rep->refCount;
+  } else if (rep != nullptr) {
+    EndingRep const ending(rep, body);
+    ending.report();
+    if (ending.inlineSize != 0) {
+      toFree = reinterpret_cast<char*>(rep);
+    } else {
+      toFree = ending.separateBody;
+      atr_StringRep::operator delete(rep);
+    }
+  }
+  rep = fresh.rep;
+  body = fresh.body;
+  reportCreated(isInline() ? rep->size : 0);
+  return toFree;
+}
+
+// --- growing ----------------------------------------------------------------------------------
+
+bool atr_StringBase::overlaps(char const* text) const noexcept {
+  std::less<char const*> const before;
+  return rep != nullptr && !before(text, body) && !before(body + rep->length, text);
+}
+
+// A source in the own text moves with it.
+atr_StringBase& atr_StringBase::append(char const* src, int srcLength, int srcPos, int count) {
+  int const from = std::clamp(srcPos, 0, std::max(srcLength, 0));
+  int const n = std::clamp(count, 0, std::max(srcLength, 0) - from);
+  int const oldLength = lengthOf(*this);
+  int const newLength = checkedLength(std::int64_t{oldLength} + n);
+  bool const isOwnText = overlaps(src);
+  std::ptrdiff_t const offset = isOwnText ? src - body : 0;
+  isolate(newLength);
+  if (n > 0) {
+    std::memmove(body + oldLength, (isOwnText ? body + offset : src) + from,
+                 static_cast<std::size_t>(n));
+  }
+  rep->length = newLength;
+  body[newLength] = '\0';
+  return *this;
+}

@@ -1,0 +1,156 @@
+// Search, trimming, case. These take a text as ended by its first NUL; but for the case operations
+// they work on bytes.
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <climits>
+#include <cstring>
+
+#include "atr/frame/character_step.h"
+#include "atr/frame/platform.h"
+#include "atr/strings/body_room.h"
+#include "atr/strings/letter_case.h"
+#include "atr/strings/string_base.h"
+
+using namespace atr;
+
+namespace {
+
+constexpr int kAll = 0x7fffffff;
+
+}  // namespace
+
+int atr_StringBase::textEnd() const noexcept {
+  auto const* const nul = static_cast<char const*>(
+      std::memchr(textOf(*this), '\0', static_cast<std::size_t>(lengthOf(*this)) + 1));
+  return nul != nullptr ? static_cast<int>(nul - textOf(*this)) : lengthOf(*this);
+}
+
+int atr_StringBase::Find(char const* text, int pos) const {
+  assert(text != nullptr);
+  int const length = lengthOf(*this);
+  if (pos > length || length == 0) return length;
+  char const* const found = std::strstr(body + std::max(pos, 0), text);
+  return found != nullptr ? static_cast<int>(found - body) : length;
+}
+
+int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const {
+  assert(text != nullptr);
+  int const length = lengthOf(*this);
+  if (textLength == 0 || lastStart <= 0 || length == 0) return length;
+  std::size_t const wanted = std::strlen(text);
+  if (wanted == 0) return std::min(lastStart, length - 1);
+  int const end = textEnd();
+  if (wanted > static_cast<std::size_t>(end)) return length;
+  for (int at = std::min(lastStart, end - static_cast<int>(wanted)); at >= 0; --at) {
+    if (body[at] == text[0] && std::memcmp(body + at, text, wanted) == 0) return at;
+  }
+  return length;
+}
+
+// Each pass looks from the start, but no match can begin further ahead of the last replacement than
+// the pattern is long. Where the replacement holds the pattern, every pass finds one.
+atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_StringBase const& to,
+                                           int count) {
+  atr_StringBase const pattern(from);
+  atr_StringBase const replacement(to);
+  int const fromLength = lengthOf(pattern);
+  int const toLength = lengthOf(replacement);
+  if (lengthOf(*this) == 0 || fromLength == 0 || count <= 0) return *this;
+  int at = Find(textOf(pattern), 0);
+  if (at == lengthOf(*this)) return *this;
+  if (std::strstr(textOf(replacement), textOf(pattern)) != nullptr) {
+    checkedLength(lengthOf(*this) + std::int64_t{count} * (toLength - fromLength));
+    if (toLength == fromLength) count = 1;
+  }
+  for (; count > 0 && at != lengthOf(*this); --count) {
+    replace(at, fromLength, textOf(replacement), toLength, 0, kAll);
+    at = Find(textOf(pattern), std::max(0, at - fromLength + 1));
+  }
+  return *this;
+}
+
+int atr_StringBase::Substr(int pos, int count) const {
+  std::int64_t const rest = std::int64_t{lengthOf(*this)} - pos;
+  return static_cast<int>(std::clamp<std::int64_t>(rest, INT_MIN, count));
+}
+
+atr_StringBase& atr_StringBase::LeftTrim(char const* set) {
+  assert(set != nullptr);
+  std::size_t const leading = std::strspn(textOf(*this), set);
+  return leading != 0 ? Erase(0, static_cast<int>(leading)) : *this;
+}
+
+namespace {
+
+using ByteSet = std::array<bool, 256>;
+
+ByteSet byteSet(char const* set) noexcept {
+  ByteSet bytes{};
+  for (; *set != '\0'; ++set) bytes[static_cast<unsigned char>(*set)] = true;
+  return bytes;
+}
+
+}  // namespace
+
+atr_StringBase& atr_StringBase::RightTrim(char const* set) {
+  assert(set != nullptr);
+  ByteSet const isIn = byteSet(set);
+  int end = lengthOf(*this);
+  while (end != 0 && isIn[static_cast<unsigned char>(body[end - 1])]) --end;
+  return end < lengthOf(*this) ? Erase(end, kAll) : *this;
+}
+
+atr_StringBase& atr_StringBase::Trim(char const* set) {
+  assert(set != nullptr);
+  if (rep == nullptr) return *this;
+  ByteSet const isIn = byteSet(set);
+  isolate(rep->length);
+  char* kept = body;
+  for (char const *p = body, *const end = body + textEnd(); p != end; ++p) {
+    *kept = *p;
+    kept += isIn[static_cast<unsigned char>(*p)] ? 0 : 1;
+  }
+  *kept = '\0';
+  rep->length = static_cast<int>(kept - body);
+  return *this;
+}
+
+atr_StringBase& atr_StringBase::changeCase(bool toUpper) {
+  LetterCase const target = toUpper ? LetterCase::upper : LetterCase::lower;
+  platform::Codeset const codeset = platform::currentCodeset();
+  bool const isAscii = codeset == platform::Codeset::utf8 || codeset == platform::Codeset::ascii;
+  int const end = textEnd();
+  char const* const text = textOf(*this);
+  char const* const first = isAscii ? findOtherCaseAscii(text, text + end, target)
+                                    : findOtherCase(text, text + end, target);
+  if (first == text + end) return *this;
+  auto const offset = first - text;
+  isolate(rep->length);
+  (isAscii ? changeCaseAscii : atr::changeCase)(body + offset, body + end, target);
+  return *this;
+}
+
+atr_StringBase& atr_StringBase::changeFirst(bool toUpper) {
+  LetterCase const target = toUpper ? LetterCase::upper : LetterCase::lower;
+  char const* const text = textOf(*this);
+  int const end = textEnd();
+  if (end == 0 || characterStep(text, text + end) != 1 || !isOtherCase(*text, target)) {
+    return *this;
+  }
+  isolate(rep->length);
+  body[0] = inCase(body[0], target);
+  return *this;
+}
+
+atr_StringBase& atr_StringBase::ToLower() { return changeCase(false); }
+atr_StringBase& atr_StringBase::ToUpper() { return changeCase(true); }
+atr_StringBase& atr_StringBase::Capitalize() { return changeFirst(true); }
+atr_StringBase& atr_StringBase::Uncapitalize() { return changeFirst(false); }
+
+atr_StringBase& atr_StringBase::Reverse() {
+  if (rep == nullptr) return *this;
+  isolate(rep->length);
+  std::reverse(body, body + rep->length);
+  return *this;
+}

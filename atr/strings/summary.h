@@ -1,0 +1,37 @@
+// An optional count of what the string module did in one run. It is on from a start that finds
+// ATR_SUMMARY in the environment to the stop, which prints it; off, an event costs one test.
+#ifndef ATR_STRINGS_SUMMARY_H
+#define ATR_STRINGS_SUMMARY_H
+
+/// The record. Its sums cover the inline representations that have ended.
+struct atr_StringSummary {
+  int repsCreated;        ///< representations made with no inline body
+  int stringsCreated;     ///< representations made with an inline body
+  int extensionFailures;  ///< times a sole owner's inline body was too small
+  int active;             ///< representations alive now
+  int bytesInUse;         ///< sizes of the inline representations alive now
+  int maxActive;
+  int maxBytesInUse;
+  float sumLength;
+  float sumLengthSquared;
+  float sumSpare;
+  float sumSpareSquared;
+
+  /// A representation was made; `size` is 0 if it has no inline body.
+  void RepCreated(int size) noexcept;
+
+  /// A representation ended; `size` is 0 if its body was not inline.
+  void RepDeleted(int length, int size) noexcept;
+
+  /// Prints the report on the standard error stream.
+  void Report() const;
+};
+
+/// The record, or null while the summary is off. Callers test it before each event.
+extern atr_StringSummary* atr_summary;
+
+/// The summary's share in start and stop of the string module.
+void atr_summaryInitialize() noexcept;
+void atr_summaryFinalize();
+
+#endif  // ATR_STRINGS_SUMMARY_H
