@@ -1,0 +1,154 @@
+// Two passes: one counts the entries whose texts look good, one stores them into an array of that
+// size. They judge different texts, so the second may find fewer or more; it never writes beyond.
+#include "atr/translation/dictionary_reader.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "atr/encoding/transcoding.h"
+#include "atr/frame/memory.h"
+#include "atr/frame/platform.h"
+#include "atr/translation/translation_table.h"
+
+using namespace atr;
+
+namespace {
+
+using Block = std::unique_ptr<char, MemoryRelease>;
+
+constexpr int kLineRoom = 8192;  // bytes of a line and its NUL; a longer line comes in pieces
+constexpr char kMarker[] = "'] = r'";
+constexpr std::size_t kMarkerBytes = sizeof kMarker - 1;
+constexpr std::size_t kClosingBytes = 2;  // a quote and a newline, whatever they really are
+constexpr char kSubstitute = '?';
+
+// line = { byte } "'" key "'] = r'" value closing
+struct EntryLine {
+  char* key;
+  int keyBytes;  // negative if the line's first quote is the marker's own
+  char* value;   // up to the NUL of the line, closing included
+};
+
+bool findEntry(char* line, EntryLine& entry) noexcept {
+  char* const marker = std::strstr(line, kMarker);
+  if (marker == nullptr) return false;
+  entry.key = std::strchr(line, '\'') + 1;
+  entry.keyBytes = static_cast<int>(marker - entry.key);
+  entry.value = marker + kMarkerBytes;
+  return true;
+}
+
+void cutClosing(char* value) noexcept {
+  std::size_t const bytes = std::strlen(value);
+  if (bytes >= kClosingBytes) value[bytes - kClosingBytes] = '\0';
+}
+
+unsigned char const* asBytes(char const* text) noexcept {
+  return reinterpret_cast<unsigned char const*>(text);
+}
+
+int measure(char const* value, char substitute) noexcept {
+  return atr_utf8_to_encoding(EncodingLocale, nullptr, asBytes(value), substitute);
+}
+
+std::size_t countEntries(std::FILE* stream, char* line) noexcept {
+  std::size_t count = 0;
+  EntryLine entry;
+  while (platform::readLine(line, kLineRoom, stream) != nullptr) {
+    if (findEntry(line, entry) && atr_encoding_validate(EncodingUtf8, asBytes(entry.value))) {
+      ++count;
+    }
+  }
+  return count;
+}
+
+Block allocate(std::size_t bytes) noexcept { return Block(static_cast<char*>(mem_Malloc(bytes))); }
+
+Block copyOf(char const* text, int bytes) noexcept {
+  auto const size = static_cast<std::size_t>(bytes);
+  Block block = allocate(size + 1);
+  if (block == nullptr) return block;
+  std::memcpy(block.get(), text, size);
+  block.get()[bytes] = '\0';
+  return block;
+}
+
+// A site that checks its dictionaries asks for warnings; the answer holds for the whole process.
+bool warnsOfEncoding() noexcept {
+  enum class Flag { unknown, off, on };
+  static Flag flag = Flag::unknown;
+  if (flag == Flag::unknown) {
+    char const* const site = std::getenv("ZELTRA_SITE");
+    flag = site != nullptr && std::strcmp(site, "qdn") == 0 ? Flag::on : Flag::off;
+  }
+  return flag == Flag::on;
+}
+
+// The value is judged before and after its escapes are decoded. Without escapes the first measure
+// stands; with them the text is measured again, so that its block is as large as what is written.
+Block convertValue(EntryLine const& line, int measured) noexcept {
+  bool const hasEscapes = std::strchr(line.value, '\\') != nullptr;
+  atr_trDecodeEscapes(line.value);
+  if (warnsOfEncoding() && measure(line.value, 0) == -2) {
+    atr_trWarnEncoding(line.key, line.keyBytes);
+  }
+  int const bytes = hasEscapes ? measure(line.value, kSubstitute) : measured;
+  if (bytes < 0) {
+    atr_trWarnInvalidUtf8(line.key, line.keyBytes);
+    return nullptr;
+  }
+  Block text = allocate(static_cast<std::size_t>(bytes) + 1);
+  if (text != nullptr) {
+    atr_utf8_to_encoding(EncodingLocale, reinterpret_cast<unsigned char*>(text.get()),
+                         asBytes(line.value), kSubstitute);
+  }
+  return text;
+}
+
+// Takes the entry over unless it is bad, there is no memory for it, or the array is full.
+void storeEntry(EntryLine const& line, int capacity) noexcept {
+  cutClosing(line.value);
+  int const measured = measure(line.value, kSubstitute);
+  if (measured < 0) {
+    atr_trWarnInvalidUtf8(line.key, line.keyBytes);
+    return;
+  }
+  Block key = copyOf(line.key, line.keyBytes);
+  Block text = convertValue(line, measured);
+  if (key == nullptr || text == nullptr || atr_trTable.count == capacity) return;
+  atr_trDecodeEscapes(key.get());
+  atr_trTable.entries[atr_trTable.count++] = {key.release(), text.release()};
+}
+
+void warn(char const* text, char const* key, int length) noexcept {
+  std::fprintf(stderr, "WARNING: atr: %s\n\"%.*s\"\n\n", text, length, key);
+}
+
+}  // namespace
+
+void atr_trReadDictionary(std::FILE* stream) noexcept {
+  char line[kLineRoom];
+  std::size_t const counted = std::min<std::size_t>(countEntries(stream, line), INT_MAX);
+  if (counted == 0) return;
+  atr_trTable.entries =
+      static_cast<TranslationEntry*>(mem_Calloc(counted, sizeof(TranslationEntry)));
+  if (atr_trTable.entries == nullptr) return;
+  std::rewind(stream);
+  EntryLine entry;
+  while (platform::readLine(line, kLineRoom, stream) != nullptr) {
+    if (findEntry(line, entry) && entry.keyBytes >= 0) {
+      storeEntry(entry, static_cast<int>(counted));
+    }
+  }
+}
+
+void atr_trWarnInvalidUtf8(char const* key, int length) noexcept {
+  warn("Invalid UTF-8 string.", key, length);
+}
+
+void atr_trWarnEncoding(char const* key, int length) noexcept {
+  warn("Failure encoding in the current locale.", key, length);
+}

@@ -1,0 +1,73 @@
+// Escapes in keys and texts of a dictionary. What is no escape stays as it is.
+#include <cstring>
+
+#include "atr/translation/dictionary_reader.h"
+
+namespace {
+
+constexpr int kMaxOctalDigits = 3;
+
+struct Escape {
+  char const* end;  // behind the sequence, or null if it is none
+  char byte;
+};
+
+int octalDigit(char c) noexcept { return c >= '0' && c <= '7' ? c - '0' : -1; }
+
+int hexDigit(char c) noexcept {
+  if (c >= '0' && c <= '9') return c - '0';
+  char const lower = static_cast<char>(c | 0x20);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+// octal = "\" digit [ digit [ digit ] ]
+Escape octalEscape(char const* p) noexcept {
+  unsigned int value = 0;
+  for (int i = 0; i < kMaxOctalDigits && octalDigit(*p) >= 0; ++i, ++p) {
+    value = value << 3 | static_cast<unsigned int>(octalDigit(*p));
+  }
+  return {p, static_cast<char>(value & 0xFF)};
+}
+
+// hex = "\x" digit { digit }
+Escape hexEscape(char const* p) noexcept {
+  if (hexDigit(*p) < 0) return {nullptr, 0};
+  unsigned int value = 0;
+  for (; hexDigit(*p) >= 0; ++p) value = value << 4 | static_cast<unsigned int>(hexDigit(*p));
+  return {p, static_cast<char>(value & 0xFF)};
+}
+
+// `p` is behind the backslash.
+Escape decodeEscape(char const* p) noexcept {
+  constexpr char kNames[] = "\"'\\abfnrtv";
+  constexpr char kBytes[] = "\"'\\\a\b\f\n\r\t\v";
+  if (octalDigit(*p) >= 0) return octalEscape(p);
+  if (*p == 'x') return hexEscape(p + 1);
+  char const* const name = *p != '\0' ? std::strchr(kNames, *p) : nullptr;
+  if (name == nullptr) return {nullptr, 0};
+  return {p + 1, kBytes[name - kNames]};
+}
+
+}  // namespace
+
+// A decoded byte is never read again, and a sequence that stays is stepped over whole.
+void atr_trDecodeEscapes(char* text) noexcept {
+  char* out = std::strchr(text, '\\');
+  if (out == nullptr) return;
+  char const* in = out;
+  while (*in != '\0') {
+    if (*in != '\\') {
+      *out++ = *in++;
+      continue;
+    }
+    Escape const escape = decodeEscape(in + 1);
+    if (escape.end != nullptr) {
+      *out++ = escape.byte;
+      in = escape.end;
+    } else {
+      *out++ = *in++;
+      if (*in != '\0') *out++ = *in++;
+    }
+  }
+  *out = '\0';
+}

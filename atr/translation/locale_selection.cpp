@@ -1,0 +1,117 @@
+// From the environment to the process locale and to a dictionary file. The locale is published
+// before the search, so that it is told also where there is no dictionary.
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "atr/frame/memory.h"
+#include "atr/frame/platform.h"
+#include "atr/strings/working_string.h"
+#include "atr/translation/translation.h"
+
+using namespace atr;
+
+namespace {
+
+constexpr std::size_t kAll = 0x7fffffff;
+
+void atr_setDefaultLocale() {
+  char const* const names[] = {"en", "en_US", platform::englishLocale, "C"};
+  for (char const* const name : names) {
+    if (std::setlocale(LC_ALL, name) != nullptr) return;
+  }
+}
+
+// The buffer lives as long as the process, whose environment may keep pointing at it. A name that
+// does not fit is cut.
+void publishLocale() {
+  static char variable[4096];
+  char const* const name = std::setlocale(LC_ALL, nullptr);
+  std::snprintf(variable, sizeof variable, "ZLT_LC_ALL=%s", name != nullptr ? name : "");
+  platform::publishVariable(variable);
+}
+
+void useOwnSeparators(atr_StringBasePrv& path) {
+  path.Substitute(atr_StringBasePrv(platform::foreignSeparator),
+                  atr_StringBasePrv(platform::directorySeparator), kAll);
+}
+
+void setTranslatedLocale() {
+  char const* const language = std::getenv("ZELTRA_LANG");
+  atr_setDefaultLocale();
+  std::setlocale(LC_CTYPE, language != nullptr ? language : "");
+  std::setlocale(LC_NUMERIC, "C");
+}
+
+// Where the dictionary is under a search directory; sets the locale on the way in translated mode.
+atr_StringBasePrv selectDictionary() {
+  bool const isSupported = std::getenv("ZELTRA_SUPPORTED_LOCALE") != nullptr;
+  char const* const dictionary = std::getenv("ZELTRA_TRANSLATION_DICTIONARY");
+  bool const isTranslated = isSupported && dictionary != nullptr;
+  atr_StringBasePrv path("/");
+  path += isTranslated ? dictionary : "Configuration/Xresources/en_US/en_US_Dict.py";
+  useOwnSeparators(path);
+  if (isTranslated) setTranslatedLocale();
+  return path;
+}
+
+using List = std::unique_ptr<char, MemoryRelease>;
+
+// The entries of both variables in one writable block, or null without ZEL_PATH or memory.
+List searchList() {
+  char const* const path = std::getenv("ZEL_PATH");
+  if (path == nullptr) return nullptr;
+  char const* const first = std::getenv("QMR_DICT_DIR");
+  std::size_t const firstBytes = first != nullptr ? std::strlen(first) + 1 : 0;
+  std::size_t const pathBytes = std::strlen(path) + 1;
+  List list(static_cast<char*>(mem_Malloc(firstBytes + pathBytes)));
+  if (list == nullptr) return list;
+  if (first != nullptr) {
+    std::memcpy(list.get(), first, firstBytes);
+    list.get()[firstBytes - 1] = platform::listSeparator;
+  }
+  std::memcpy(list.get() + firstBytes, path, pathBytes);
+  return list;
+}
+
+// The next entry that is not empty, cut off with a NUL, or null. Moves `rest` behind it. As strtok,
+// without touching the state of a client's own walk.
+char const* nextEntry(char*& rest) noexcept {
+  while (*rest == platform::listSeparator) ++rest;
+  if (*rest == '\0') return nullptr;
+  char const* const entry = rest;
+  rest = std::strchr(rest, platform::listSeparator);
+  if (rest == nullptr) {
+    rest = const_cast<char*>(entry) + std::strlen(entry);
+  } else {
+    *rest++ = '\0';
+  }
+  return entry;
+}
+
+bool opens(char const* path) noexcept {
+  std::FILE* const file = platform::openText(path);
+  if (file != nullptr) std::fclose(file);
+  return file != nullptr;
+}
+
+}  // namespace
+
+bool atr_setlocale(atr_StringBase* path) {
+  atr_StringBasePrv const relativePath = selectDictionary();
+  publishLocale();
+  List const list = searchList();
+  if (list == nullptr) return false;
+  char* rest = list.get();
+  while (char const* const entry = nextEntry(rest)) {
+    atr_StringBasePrv candidate(entry);
+    useOwnSeparators(candidate);
+    candidate.RightTrim(platform::directorySeparator).Append(relativePath);
+    if (!opens(candidate.c_str())) continue;
+    if (path != nullptr) candidate.AssignTo(*path);
+    return true;
+  }
+  return false;
+}

@@ -1,0 +1,49 @@
+// The table: its order, its search, its release.
+#include "atr/translation/translation_table.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "atr/frame/memory.h"
+#include "atr/translation/translation.h"
+
+TranslationTable atr_trTable = {nullptr, 0};
+
+int atr_trCompareKeys(void const* a, void const* b) noexcept {
+  int const order = std::strcmp(static_cast<TranslationEntry const*>(a)->key,
+                                static_cast<TranslationEntry const*>(b)->key);
+  return (order > 0) - (order < 0);
+}
+
+void atr_trSort() noexcept {
+  std::stable_sort(atr_trTable.entries, atr_trTable.entries + atr_trTable.count,
+                   [](TranslationEntry const& a, TranslationEntry const& b) {
+                     return atr_trCompareKeys(&a, &b) < 0;
+                   });
+}
+
+char const* atr_trFind(char const* key) noexcept {
+  char const* text = nullptr;
+  TranslationEntry const* first = atr_trTable.entries;
+  for (int rest = std::max(atr_trTable.count, 0); rest > 0;) {
+    TranslationEntry const* const middle = first + rest / 2;
+    int const order = std::strcmp(key, middle->key);
+    if (order == 0) text = middle->text;
+    if (order >= 0) {
+      first = middle + 1;
+      rest -= rest / 2 + 1;
+    } else {
+      rest /= 2;
+    }
+  }
+  return text;
+}
+
+void atr_trReleaseDB() {
+  for (int i = 0; i < atr_trTable.count; ++i) {
+    mem_Free(atr_trTable.entries[i].key);
+    mem_Free(atr_trTable.entries[i].text);
+  }
+  mem_Free(atr_trTable.entries);
+  atr_trTable = {nullptr, 0};
+}
