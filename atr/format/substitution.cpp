@@ -1,0 +1,77 @@
+// Texts into slots. The old substitution goes only when the new one stands, so that a text may come
+// from the slot that it goes into.
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+#include "atr/format/template_scan.h"
+#include "atr/format/translate.h"
+#include "atr/strings/body_room.h"
+
+using namespace atr;
+
+namespace {
+
+struct Field {
+  bool isLeft = false;
+  int width = -1;      // none
+  int precision = -1;  // none
+};
+
+// What scanf's %d takes: blanks, a sign, digits. `value` stays if there are none.
+bool scanInt(char const*& p, int& value) noexcept {
+  char const* q = p + std::strspn(p, " \t\n\v\f\r");
+  bool const isNegative = *q == '-';
+  if (isNegative || *q == '+') ++q;
+  if (!isDigit(*q)) return false;
+  int const magnitude = readNumber(q, nullptr);
+  value = isNegative ? -magnitude : magnitude;
+  p = q;
+  return true;
+}
+
+Field parseField(char const* format) noexcept {
+  Field field;
+  char const* p = format + 1;
+  if (*p == '-') {
+    field.isLeft = true;
+    ++p;
+  }
+  bool const hasPoint = *p == '.' || (scanInt(p, field.width) && *p == '.');
+  if (hasPoint) scanInt(++p, field.precision);
+  return field;
+}
+
+std::size_t asSize(int bytes) noexcept { return static_cast<std::size_t>(bytes); }
+
+char* newText(char const* text, std::size_t bytes) {
+  auto* const block = static_cast<char*>(::operator new(bytes + 1));
+  std::memcpy(block, text, bytes);
+  block[bytes] = '\0';
+  return block;
+}
+
+// [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ]
+char* newField(char const* text, Field const& field) {
+  int const length = checkedLength(std::strlen(text));
+  int const used = field.precision < 0 ? length : std::min(field.precision, length);
+  int const total = checkedLength(std::max(field.width, used));
+  auto* const block = static_cast<char*>(::operator new(asSize(total) + 1));
+  std::memset(block + (field.isLeft ? used : 0), ' ', asSize(total - used));
+  std::memcpy(block + (field.isLeft ? 0 : total - used), text, asSize(used));
+  block[total] = '\0';
+  return block;
+}
+
+}  // namespace
+
+void atr_translate::AddSubstitution(int position, char const* text, char const* format) {
+  StrArgs* const slot = slotAt(position);
+  if (slot == nullptr) return;
+  char const* const value = text != nullptr ? text : "";
+  bool const isPlain = format == nullptr || format[1] == 's';
+  char* const block =
+      isPlain ? newText(value, std::strlen(value)) : newField(value, parseField(format));
+  ::operator delete(slot->substitution);
+  slot->substitution = block;
+}

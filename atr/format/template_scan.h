@@ -1,0 +1,112 @@
+// The template syntax: a scan that tells texts from conversions, and the numbers in both.
+#ifndef ATR_FORMAT_TEMPLATE_SCAN_H
+#define ATR_FORMAT_TEMPLATE_SCAN_H
+
+#include <climits>
+#include <cstring>
+
+namespace atr {
+
+constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
+/// Reads digits up to `end` and moves `p` behind them. What an int cannot hold counts as INT_MAX.
+inline int readNumber(char const*& p, char const* end) noexcept {
+  int value = 0;
+  for (; p != end && isDigit(*p); ++p) {
+    int const digit = *p - '0';
+    value = value > (INT_MAX - digit) / 10 ? INT_MAX : value * 10 + digit;
+  }
+  return value;
+}
+
+constexpr bool isRunCharacter(char c) noexcept {
+  return isDigit(c) || c == 'l' || c == '.' || c == '-';
+}
+
+constexpr bool isConversionLetter(char c) noexcept {
+  switch (c) {
+    case 'E':
+    case 'X':
+    case 'c':
+    case 'd':
+    case 'e':
+    case 'f':
+    case 'g':
+    case 'o':
+    case 's':
+    case 'u':
+    case 'x':
+      return true;
+    default:
+      return false;
+  }
+}
+
+struct Conversion {
+  static constexpr int kNoNumber = -10000;
+
+  int number;       // or kNoNumber
+  char const* run;  // its first byte
+  char const* letter;
+};
+
+/// Hands the pieces of [p, end) on in their order: sink.text(begin, end) for a piece of text, with
+/// `%%` reduced, and sink.conversion(c). A percent sign or a conversion that the end cuts off
+/// leaves nothing behind.
+///
+///     template   = { text | "%%" | conversion }
+///     conversion = "%" [ digits "$" ] run letter
+template <class Sink>
+void scanTemplate(char const* p, char const* end, Sink& sink) {
+  char const* pending = p;
+  auto const untilPercent = [end](char const* from) noexcept {
+    auto const* const found =
+        static_cast<char const*>(std::memchr(from, '%', static_cast<std::size_t>(end - from)));
+    return found != nullptr ? found : end;
+  };
+  while ((p = untilPercent(p)) != end) {
+    sink.text(pending, p);
+    pending = ++p;
+    if (p == end) return;
+    if (*p == '%') {
+      ++p;  // and the second of the pair stays pending
+      continue;
+    }
+    Conversion conversion = {Conversion::kNoNumber, p, nullptr};
+    int const number = readNumber(p, end);
+    if (p != end && *p == '$') {
+      if (p != conversion.run) conversion.number = number;
+      conversion.run = ++p;
+    }
+    while (p != end && isRunCharacter(*p)) ++p;
+    if (p == end) return;
+    pending = p;  // a character that makes it no conversion stays, and is not looked at again
+    if (isConversionLetter(*p)) {
+      conversion.letter = p;
+      sink.conversion(conversion);
+      ++pending;
+    }
+    ++p;
+  }
+  sink.text(pending, end);
+}
+
+/// The counting pass: an upper bound of the conversions in [p, end).
+inline std::size_t countPercents(char const* p, char const* end) noexcept {
+  std::size_t count = 0;
+  while (end - p >= 2) {
+    p = static_cast<char const*>(std::memchr(p, '%', static_cast<std::size_t>(end - p - 1)));
+    if (p == nullptr) break;
+    if (p[1] == '%') {
+      p += 2;
+    } else {
+      ++count;
+      ++p;
+    }
+  }
+  return count;
+}
+
+}  // namespace atr
+
+#endif  // ATR_FORMAT_TEMPLATE_SCAN_H
