@@ -1,0 +1,20 @@
+// The line breaker's step over a word.
+#ifndef ATR_LAYOUT_WORD_STEP_H
+#define ATR_LAYOUT_WORD_STEP_H
+
+namespace atr {
+
+/// An ASCII character that is white space in the process locale.
+bool isWhiteSpace(char byte) noexcept;
+
+}  // namespace atr
+
+/// Bytes to skip if the test mode is on and the marker stands at `p`, else 0. The first call of the
+/// process fixes mode and marker.
+int atr_skipTestMarker(char const* p, char const* end) noexcept;
+
+/// Bytes from `p` to the white space behind the next word, or to `end`; by characters of the
+/// process locale. Adds the marker bytes on the way to `markerBytes`. At least 1 before `end`.
+int atr_wordStep(char const* p, char const* end, int& markerBytes) noexcept;
+
+#endif  // ATR_LAYOUT_WORD_STEP_H
