@@ -1,0 +1,500 @@
+// Strings: every operation in every kind of body, shared and not, against std::string.
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <random>
+
+#include "atr/atr.h"
+#include "atr/strings/body_room.h"
+#include "atr/strings/letter_case.h"
+#include "support/allocation_watch.h"
+#include "support/support.h"
+
+using namespace test;
+
+namespace {
+
+constexpr int kAll = 0x7fffffff;
+
+// A string whose representation can be looked at.
+struct Text : atr_String {
+  using atr_String::atr_String;
+  Text(atr_String const& other) : atr_String(other) {}
+  atr_StringRep* r() const { return rep; }
+  char* b() const { return body; }
+};
+
+std::string textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
+
+void expectSound(Text const& s, std::string const& text, int holders, std::string const& what) {
+  ASSERT_EQ(textOf(s), text) << what;
+  ASSERT_EQ(s.c_str()[s.length()], '\0') << what;
+  ASSERT_EQ(s.r() == nullptr, s.b() == nullptr) << what;
+  if (s.r() == nullptr) return;
+  ASSERT_EQ(s.r()->refCount, holders) << what;
+  ASSERT_TRUE(s.r()->size == 0 || s.r()->length < s.r()->size) << what;
+}
+
+enum class Kind { null, inlined, roomy, separate, adopted, borrowed };
+constexpr Kind kKinds[] = {Kind::null,     Kind::inlined, Kind::roomy,
+                           Kind::separate, Kind::adopted, Kind::borrowed};
+
+// `text` outlives the string. A null kind reads as empty.
+Text make(Kind kind, std::string const& text) {
+  auto const length = static_cast<int>(text.size());
+  switch (kind) {
+    case Kind::null:
+      return {};
+    case Kind::roomy: {
+      Text s(atr_String(length + 200, atr_String::PreSize));
+      return s.append(text.c_str(), length, 0, kAll);
+    }
+    case Kind::adopted: {
+      auto* const block = static_cast<char*>(::operator new(text.size() + 1));
+      std::memcpy(block, text.c_str(), text.size() + 1);
+      return atr_String(block, length, atr_String::AdoptBlock);
+    }
+    case Kind::borrowed:
+      return atr_String(text.c_str(), length, atr_String::BorrowText);
+    default:
+      return atr_String(text.c_str(), length);
+  }
+}
+
+void erase(std::string& s, std::size_t pos, std::size_t n) { s.erase(std::min(pos, s.size()), n); }
+void filter(std::string& s) { std::erase(s, ' '); }
+void shift(std::string& s, char first, char last, int by) {
+  for (char& c : s) c = static_cast<char>(c >= first && c <= last ? c + by : c);
+}
+void replaceOnce(std::string& s, std::string_view from, std::string_view to, int times) {
+  for (; times > 0 && s.find(from) != s.npos; --times) s.replace(s.find(from), from.size(), to);
+}
+
+struct Operation {
+  char const* what;
+  bool alwaysWrites;  // also where the text stays as it is
+  void (*run)(atr_String&);
+  void (*model)(std::string&);
+};
+
+atr_String const kX("X"), kAB("ab"), kLong(std::string(260, 'q').c_str());
+
+Operation const kOperations[] = {
+    {"append", true, [](atr_String& s) { s.append("0123", 4, 1, 2); }, [](auto& m) { m += "12"; }},
+    {"append nothing", true, [](atr_String& s) { s.append("", 0, 0, kAll); }, [](auto&) {}},
+    {"append long", true, [](atr_String& s) { s.Append(kLong); },
+     [](auto& m) { m.append(260, 'q'); }},
+    {"append itself", true, [](atr_String& s) { s.Append(s); },
+     [](auto& m) { m += std::string(m); }},
+    {"Erase", true, [](atr_String& s) { s.Erase(1, 3); }, [](auto& m) { erase(m, 1, 3); }},
+    {"Erase all", true, [](atr_String& s) { s.Erase(0, kAll); }, [](auto& m) { m.clear(); }},
+    {"Erase nothing", true, [](atr_String& s) { s.Erase(kAll, 5); }, [](auto&) {}},
+    {"insert", true, [](atr_String& s) { s.insert(0, "hello", 5, 0, kAll); },
+     [](auto& m) { m.insert(0, "hello"); }},
+    {"insert nothing", true, [](atr_String& s) { s.insert(0, "", 0, 0, 0); }, [](auto&) {}},
+    {"insert at end", true, [](atr_String& s) { s.insert(kAll, "hello", 5, 3, 1); },
+     [](auto& m) { m += "l"; }},
+    {"insert itself", true,
+     [](atr_String& s) { s.insert(1, s.c_str(), static_cast<int>(s.length()), 0, kAll); },
+     [](auto& m) { m.insert(std::min<std::size_t>(1, m.size()), std::string(m)); }},
+    {"replace longer", true, [](atr_String& s) { s.replace(0, 2, "wxyz", 4, 0, kAll); },
+     [](auto& m) { m.replace(0, 2, "wxyz"); }},
+    {"replace shorter", true, [](atr_String& s) { s.replace(0, 2, "w", 1, 0, kAll); },
+     [](auto& m) { m.replace(0, 2, "w"); }},
+    {"replace by own end", true,
+     [](atr_String& s) {
+       s.replace(0, 1, s.c_str() + s.length() / 2, 3, 0,
+                 static_cast<int>(s.length() - s.length() / 2));
+     },
+     [](auto& m) { m.replace(0, 1, std::string(m, m.size() / 2, 3)); }},
+    {"Replace by own text", true,
+     [](atr_String& s) { s.Replace(1, 1, s.c_str(), static_cast<int>(s.length())); },
+     [](auto& m) { m.replace(std::min<std::size_t>(1, m.size()), 1, std::string(m)); }},
+    {"operator[]", true, [](atr_String& s) { s[0] = s.IsEmpty() ? '\0' : '!'; },
+     [](auto& m) {
+       if (!m.empty()) m[0] = '!';
+     }},
+    {"operator[] outside", true, [](atr_String& s) { s[kAll] = '!', s[-1] = '!'; }, [](auto&) {}},
+    {"assign", true, [](atr_String& s) { s = "new text"; }, [](auto& m) { m = "new text"; }},
+    {"assign own tail", true, [](atr_String& s) { s = s.c_str() + s.length() / 2; },
+     [](auto& m) { m = m.substr(m.size() / 2); }},
+    {"assign null", true, [](atr_String& s) { s = static_cast<char const*>(nullptr); },
+     [](auto& m) { m.clear(); }},
+    {"assign itself", false, [](atr_String& s) { s = *&s; }, [](auto&) {}},
+    {"Substitute", false, [](atr_String& s) { s.Substitute(kAB, kX, kAll); },
+     [](auto& m) { replaceOnce(m, "ab", "X", 999); }},
+    {"Substitute longer", false, [](atr_String& s) { s.Substitute(kX, kAB, 2); },
+     [](auto& m) { replaceOnce(m, "X", "ab", 2); }},
+    {"Substitute alike", false, [](atr_String& s) { s.Substitute(kX, kX, 0); }, [](auto&) {}},
+    {"LeftTrim", false, [](atr_String& s) { s.LeftTrim(" a"); },
+     [](auto& m) { m.erase(0, m.find_first_not_of(" a")); }},
+    {"RightTrim", false, [](atr_String& s) { s.RightTrim(" \n"); },
+     [](auto& m) { m.erase(m.find_last_not_of(" \n") + 1); }},
+    {"trim nothing", false, [](atr_String& s) { s.LeftTrim("").RightTrim(""); }, [](auto&) {}},
+    {"Trim", true, [](atr_String& s) { s.Trim(" "); }, filter},
+    {"Trim nothing", true, [](atr_String& s) { s.Trim("~"); }, [](auto&) {}},
+    {"ToUpper", false, [](atr_String& s) { s.ToUpper(); },
+     [](auto& m) { shift(m, 'a', 'z', -32); }},
+    {"ToLower", false, [](atr_String& s) { s.ToLower(); }, [](auto& m) { shift(m, 'A', 'Z', 32); }},
+    {"Capitalize", false, [](atr_String& s) { s.Capitalize(); },
+     [](auto& m) {
+       if (!m.empty()) m[0] = static_cast<char>(std::toupper(m[0]));
+     }},
+    {"Uncapitalize", false, [](atr_String& s) { s.Uncapitalize(); },
+     [](auto& m) {
+       if (!m.empty()) m[0] = static_cast<char>(std::tolower(m[0]));
+     }},
+    {"Reverse", true, [](atr_String& s) { s.Reverse(); },
+     [](auto& m) { std::reverse(m.begin(), m.end()); }},
+    {"only reading", false,
+     [](atr_String& s) {
+       std::as_const(s)[0];
+       s.Find("b", 0);
+       s.rfind("b", 1, kAll);
+       s.Substr(1, 2);
+       s.SubstrLength(0, 1);
+       s.extract(1, ' ');
+       s.Delete();
+     },
+     [](auto&) {}},
+};
+
+std::string const kTexts[] = {"",
+                              "a",
+                              "  abX abX  \n",
+                              "aBcDeFgHiJkLmNoPqRs",
+                              std::string(238, 'a'),
+                              std::string(300, 'b') + " ab X",
+                              std::string(250, ' ')};
+
+template <class Visit>
+void forEachState(Visit visit) {
+  for (Operation const& op : kOperations) {
+    for (Kind const kind : kKinds) {
+      for (std::string const& text : kTexts) {
+        for (bool const isShared : {false, true}) {
+          if (kind == Kind::null && (isShared || !text.empty())) continue;
+          visit(op, kind, text, isShared,
+                std::string(op.what) + ", kind " + std::to_string(static_cast<int>(kind)) + ", " +
+                    std::to_string(text.size()) + (isShared ? " bytes, shared" : " bytes"));
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+
+TEST(Strings, OperationsInEveryState) {
+  forEachState([](Operation const& op, Kind kind, std::string const& text, bool isShared,
+                  std::string const& what) {
+    Text s = make(kind, text);
+    Text const other = isShared ? s : Text();
+    std::string expected = text;
+    op.model(expected);
+    op.run(s);
+    bool const mayWrite = kind != Kind::null && (op.alwaysWrites || expected != text);
+    expectSound(s, expected, isShared && !mayWrite ? 2 : 1, what);
+    if (isShared) expectSound(other, text, mayWrite ? 1 : 2, what + ": the other");
+    ASSERT_EQ(s.r() == other.r(), isShared ? !mayWrite : s.r() == nullptr) << what;
+  });
+}
+
+TEST(Strings, OperationsWithoutMemory) {
+  forEachState([](Operation const& op, Kind kind, std::string const& text, bool isShared,
+                  std::string const& what) {
+    ASSERT_GE(failEach([&](int k) {
+                Text s = make(kind, text);
+                Text const other = isShared ? s : Text();
+                failAllocation(k);
+                try {
+                  op.run(s);
+                } catch (std::bad_alloc const&) {
+                  failAllocation(-1);
+                  if (std::string(op.what).rfind("Substitute", 0) != 0) {
+                    expectSound(s, text, isShared ? 2 : 1, what);
+                  }
+                  if (isShared) expectSound(other, text, s.r() == other.r() ? 2 : 1, what);
+                  throw;
+                }
+              }),
+              0)
+        << what;
+  });
+}
+
+TEST(Strings, ConstructorsWithoutMemory) {
+  EXPECT_EQ(failEach([](int k) {
+              failAllocation(k);
+              Text const s(kLong.c_str());
+            }),
+            2);
+  EXPECT_EQ(failEach([](int k) {
+              std::unique_ptr<char, void (*)(void*)> block(static_cast<char*>(::operator new(2)),
+                                                           [](void* p) { ::operator delete(p); });
+              std::memcpy(block.get(), "a", 2);
+              failAllocation(k);
+              Text const s(block.get(), 1, atr_String::AdoptBlock);
+              block.release();
+            }),
+            1);
+}
+
+TEST(Strings, SizeClasses) {
+  constexpr int kRows[][3] = {// capacity, size, bytes of the last block taken
+                              {0, 20, 32},     {14, 20, 32},    {15, 52, 64},      {46, 52, 64},
+                              {47, 84, 96},    {78, 84, 96},    {79, 116, 128},    {110, 116, 128},
+                              {111, 148, 160}, {143, 180, 192}, {175, 212, 224},   {207, 244, 256},
+                              {238, 244, 256}, {239, 240, 240}, {1000, 1001, 1001}};
+  for (auto const& [capacity, size, bytes] : kRows) {
+    Allocations const before = allocations();
+    Text s(atr_String(capacity, atr_String::PreSize));
+    EXPECT_EQ(s.r()->size, size) << capacity;
+    EXPECT_EQ(allocations().lastBytes, bytes) << capacity;
+    EXPECT_EQ(allocations().taken - before.taken, capacity > 238 ? 2 : 1) << capacity;
+    EXPECT_EQ(s.b() == reinterpret_cast<char*>(s.r() + 1), capacity <= 238) << capacity;
+    char const* const body = s.c_str();
+    s.isolate(size - 1);
+    EXPECT_EQ(s.c_str(), body) << "room for one byte less: " << capacity;
+    s.isolate(size);
+    EXPECT_NE(s.c_str(), body) << "no room: " << capacity;
+  }
+}
+
+TEST(Strings, NullAndEmpty) {
+  Allocations const before = allocations();
+  for (Text const& s :
+       {Text(), Text(""), Text(static_cast<char const*>(nullptr)), Text(kAB.extract(7, ',')),
+        Text(Text("").Erase(0, kAll)), Text(atr_StringFromText(nullptr))}) {
+    EXPECT_EQ(s.r(), nullptr);
+    EXPECT_EQ(s.c_str(), atr_emptyText);
+  }
+  EXPECT_EQ(allocations().taken, before.taken);
+  for (Text const& s :
+       {Text("", 0), Text(kX.Substr(1, 5)), Text(Text().Substr(0, 0)), Text(Text() + Text()),
+        Text(Text("a").Erase(0, 1)), Text(kX.Substr(SIZE_MAX, SIZE_MAX))}) {
+    ASSERT_NE(s.r(), nullptr);
+    EXPECT_EQ(s.r()->size, 20);
+    EXPECT_TRUE(s.IsEmpty());
+  }
+}
+
+TEST(Strings, SharingAndMoving) {
+  Text a("text");
+  Text b(a);
+  EXPECT_EQ(a.r()->refCount, 2);
+  b = a;
+  EXPECT_EQ(a.r()->refCount, 2);
+  Text c(static_cast<Text&&>(b));
+  EXPECT_EQ(b.r(), nullptr);
+  a = static_cast<Text&&>(a);
+  EXPECT_EQ(a.r()->refCount, 2);
+  b = static_cast<Text&&>(c);
+  EXPECT_EQ(c.r(), nullptr);
+  Text const sum = a + a;
+  expectSound(sum, "texttext", 1, "sum");
+  expectSound(a, "text", 2, "operand");
+  atr_StringBasePrv working(a);
+  EXPECT_EQ(a.r()->refCount, 3);
+  expectSound(Text(atr_StringFromBase(working).c_str()), "text", 1, "copied");
+  working.Append("longer", 2).Append(kX) += "!";
+  EXPECT_STREQ(working.c_str(), "textloX!");
+  EXPECT_EQ(a.r()->refCount, 2);
+  EXPECT_EQ(working.Compare("textl\xE9"), -1);
+  EXPECT_EQ(working.Compare("text"), 1);
+  EXPECT_EQ(working.Substitute(kX, kAB, SIZE_MAX).Clear().Compare(""), 0) << "a count of -1";
+}
+
+TEST(Strings, MissingMemoryForLongTexts) {
+  Text s("ab");
+  EXPECT_THROW(s.isolate(INT_MAX), std::bad_alloc);
+  EXPECT_THROW(s.append("x", INT_MAX, 0, INT_MAX), std::bad_alloc);
+  EXPECT_THROW(s.Substitute(Text("a"), Text("aa"), kAll), std::bad_alloc);
+  EXPECT_THROW(Text(s.b(), INT_MAX, atr_String::AdoptBlock), std::bad_alloc);
+  expectSound(s, "ab", 1, "after four failures");
+}
+
+TEST(Strings, PositionsOutside) {
+  constexpr int kNumbers[] = {INT_MIN, -1, 0, 1, 3, 4, INT_MAX};
+  for (int const a : kNumbers) {
+    for (int const b : kNumbers) {
+      Text s("abc");
+      auto const at = static_cast<std::size_t>(std::clamp(a, 0, 3));
+      auto const n = static_cast<std::size_t>(std::max(b, 0));
+      std::string m = "abc";
+      EXPECT_EQ(textOf(Text(s).Erase(a, b)), m.substr(0, at) + m.substr(std::min(3UL, at + n)));
+      EXPECT_EQ(textOf(Text(s).insert(a, "xyz", 3, b, 2)),
+                std::string(m).insert(at, "xyz", std::min(n, 3UL), 2));
+      EXPECT_EQ(textOf(Text(s).append("xyz", 3, a, b)), m + std::string("xyz").substr(at, n));
+      EXPECT_EQ(s.SubstrLength(a, b),
+                std::clamp(3LL - a, static_cast<long long>(INT_MIN), static_cast<long long>(b)));
+      EXPECT_EQ(std::as_const(s)[a], a >= 0 && a < 3 ? m[at] : '\0');
+      s.SetStringLength(a);
+      EXPECT_EQ(s.length(), static_cast<std::size_t>(std::clamp(a, 0, 19)));
+      Text().SetStringLength(a);
+    }
+  }
+}
+
+TEST(Strings, Numbers) {
+  EXPECT_STREQ(Text(INT_MIN).c_str(), "-2147483648");
+  EXPECT_STREQ(Text(UINT_MAX).c_str(), "4294967295");
+  EXPECT_STREQ(Text(0.1F).c_str(), "0.1");
+  EXPECT_STREQ(Text(1e-12).c_str(), "1e-12");
+  EXPECT_STREQ(Text(1e105).c_str(), "1e+105");
+  EXPECT_STREQ(Text(-1.2345678901234567e-300).c_str(), "-1.23456789012346e-300");
+}
+
+TEST(Strings, FindRfindSubstituteSmallWorld) {
+  forEachText("ab", 6, [](char const* p, char const* end) {
+    Text const s(p, static_cast<int>(end - p));
+    std::string const m(p, end);
+    forEachText("ab", 3, [&](char const* q, char const* qEnd) {
+      std::string const wanted(q, qEnd);
+      for (int at = 0; at <= 7; ++at) {
+        auto const pos = static_cast<std::size_t>(at);
+        auto const found = pos > m.size() ? m.npos : m.find(wanted, pos);
+        ASSERT_EQ(s.Find(q, at), static_cast<int>(std::min(found, m.size()))) << m << wanted << at;
+        auto last = m.npos;  // the first occurrence, the next, ..., as far as they may start
+        for (auto i = m.find(wanted); i <= pos && at > 0; i = m.find(wanted, i + 1)) {
+          last = i;
+          if (i + 1 >= m.size()) break;
+        }
+        ASSERT_EQ(s.rfind(q, 1, at), static_cast<int>(std::min(last, m.size())))
+            << m << wanted << at;
+      }
+      ASSERT_EQ(s.rfind(q, 0, 9), static_cast<int>(m.size()));
+      if (wanted.empty()) return;
+      for (std::string_view const to : {"", "b", "aa", "ba", "aba"}) {
+        std::string replaced = m;
+        replaceOnce(replaced, wanted, to, 5);
+        ASSERT_EQ(textOf(Text(s).Substitute(Text(q), Text(to.data()), 5)), replaced)
+            << m << wanted << to;
+      }
+    });
+  });
+}
+
+TEST(Strings, SubstituteManyTimes) {
+  std::string const slashes(128 << 10, '/');
+  Text s(slashes.c_str());
+  s.Substitute(Text("/"), Text("/"), kAll).Substitute(Text("/"), Text("\\"), kAll);
+  EXPECT_EQ(s.Find("/", 0), static_cast<int>(s.length()));
+}
+
+TEST(Strings, Fields) {
+  struct Row {
+    char const* text;
+    int index;
+    char const* plain;
+    char const* unescaped;
+  };
+  constexpr Row kRows[] = {{"a,b,c", 0, "a", "a"},
+                           {"a,b,c", 2, "c", "c"},
+                           {"a,b,c", 3, "", ""},
+                           {"a,,c", 1, "", ""},
+                           {"a,,c", 2, "c", "c"},
+                           {",x", 0, "", ""},
+                           {",x", 1, "x", "x"},
+                           {"a,", 1, "", ""},
+                           {"a,b", -1, "", ""},
+                           {"a,b", INT_MIN, "", ""},
+                           {"", 0, "", ""},
+                           {"a\\b", 0, "a\\b", "ab"},
+                           {"a\\\\b", 0, "a\\\\b", "a\\b"},
+                           {"a\\\\\\b", 0, "a\\\\\\b", "a\\b"},
+                           {"a\\,b", 0, "a\\", "a"},
+                           {"a\\,b", 1, "b", "b"},
+                           {"\\", 0, "\\", ""}};
+  for (auto const& [text, index, plain, unescaped] : kRows) {
+    EXPECT_STREQ(Text(text).extract(index, ',').c_str(), plain) << text << index;
+    EXPECT_STREQ(Text(text).extract(index, ',', '\\').c_str(), unescaped) << text << index;
+  }
+  EXPECT_STREQ(Text("a,b").extract(0, '\0').c_str(), "a,b");
+  EXPECT_STREQ(Text("a,b").extract(1, '\0').c_str(), "");
+  EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).r(), nullptr);
+}
+
+// Every pair of bytes, between letters, against a walk with the runtime's own mblen.
+TEST(Strings, CaseInEveryLocale) {
+  for (char const* const name : allLocales()) {
+    Locale const locale(name);
+    for (int pair = 0x0101; pair <= 0xFFFF; ++pair) {
+      if (pair % 256 == 0) continue;
+      std::string const text = {'a', static_cast<char>(pair >> 8), static_cast<char>(pair), 'Z',
+                                'z'};
+      std::string upper = text, lower = text;
+      for (std::size_t i = 0; i < text.size();) {
+        std::mblen(nullptr, 0);
+        int const n = std::mblen(text.c_str() + i, 4);
+        int const byte = static_cast<unsigned char>(text[i]);
+        if (n <= 1 && std::islower(byte)) upper[i] = static_cast<char>(text[i] - 32);
+        if (n <= 1 && std::isupper(byte)) lower[i] = static_cast<char>(text[i] + 32);
+        i += static_cast<std::size_t>(std::max(n, 1));
+      }
+      ASSERT_EQ(textOf(Text(text.c_str(), 5).ToUpper()), upper.substr(0, 5)) << name << ' ' << pair;
+      ASSERT_EQ(textOf(Text(text.c_str(), 5).ToLower()), lower.substr(0, 5)) << name << ' ' << pair;
+    }
+  }
+}
+
+TEST(Strings, CasePathsAgree) {
+  Locale const locale(ATR_TEST_UTF8);
+  forEachText("aZ\xC3\xA9\x40", 7, [](char const* p, char const* end) {
+    for (auto const target : {atr::LetterCase::lower, atr::LetterCase::upper}) {
+      ASSERT_EQ(atr::findOtherCase(p, end, target), atr::findOtherCaseAscii(p, end, target));
+      std::string plain(p, end), fast = plain;
+      atr::changeCase(plain.data(), plain.data() + plain.size(), target);
+      atr::changeCaseAscii(fast.data(), fast.data() + fast.size(), target);
+      ASSERT_EQ(plain, fast);
+    }
+  });
+}
+
+// Seeded steps on a few strings that share and alias each other.
+TEST(Strings, Twin) {
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    std::mt19937 random(seed);
+    auto const below = [&random](std::size_t n) { return static_cast<int>(random() % n); };
+    Text strings[4];
+    std::string models[4];
+    for (int step = 0; step < 60; ++step) {
+      auto const i = static_cast<std::size_t>(below(4)), j = static_cast<std::size_t>(below(4));
+      Text& s = strings[i];
+      std::string& m = models[i];
+      std::string const other = models[j];
+      int const pos = below(m.size() + 1), count = below(40), from = below(other.size() + 1);
+      auto const source = [&] { return strings[j].c_str(); };
+      auto const sourceLength = static_cast<int>(other.size());
+      std::string const piece =
+          other.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(count));
+      switch (below(6)) {
+        case 0:
+          s = strings[j], m = other;
+          break;
+        case 1:
+          s.append(source(), sourceLength, from, count), m += piece;
+          break;
+        case 2:
+          s.insert(pos, source(), sourceLength, from, count),
+              m.insert(static_cast<std::size_t>(pos), piece);
+          break;
+        case 3:
+          s.replace(pos, 3, source(), sourceLength, from, count),
+              m.replace(static_cast<std::size_t>(pos), 3, piece);
+          break;
+        case 4:
+          s = "seed text", m = "seed text";
+          break;
+        default:
+          s.Erase(pos, count),
+              m.erase(static_cast<std::size_t>(pos), static_cast<std::size_t>(count));
+          break;
+      }
+      for (std::size_t k = 0; k < 4; ++k)
+        ASSERT_EQ(textOf(strings[k]), models[k]) << seed << ' ' << step;
+    }
+  }
+}
