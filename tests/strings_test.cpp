@@ -63,11 +63,6 @@ Text make(Kind kind, std::string const& text) {
   }
 }
 
-void erase(std::string& s, std::size_t pos, std::size_t n) { s.erase(std::min(pos, s.size()), n); }
-void filter(std::string& s) { std::erase(s, ' '); }
-void shift(std::string& s, char first, char last, int by) {
-  for (char& c : s) c = static_cast<char>(c >= first && c <= last ? c + by : c);
-}
 void replaceOnce(std::string& s, std::string_view from, std::string_view to, int times) {
   for (; times > 0 && s.find(from) != s.npos; --times) s.replace(s.find(from), from.size(), to);
 }
@@ -79,87 +74,52 @@ struct Operation {
   void (*model)(std::string&);
 };
 
-atr_String const kX("X"), kAB("ab"), kLong(std::string(260, 'q').c_str());
+#define OP(run, model) [](atr_String& s) { run; }, [](std::string& m) { model; }
 
+atr_String const kX("X"), kAB("ab"), kLong(std::string(260, 'q').c_str());
+int len(atr_String const& s) { return static_cast<int>(s.length()); }
+int half(atr_String const& s) { return len(s) / 2; }
+std::size_t one(std::string const& m) { return std::min<std::size_t>(1, m.size()); }
+
+// clang-format off
 Operation const kOperations[] = {
-    {"append", true, [](atr_String& s) { s.append("0123", 4, 1, 2); }, [](auto& m) { m += "12"; }},
-    {"append nothing", true, [](atr_String& s) { s.append("", 0, 0, kAll); }, [](auto&) {}},
-    {"append long", true, [](atr_String& s) { s.Append(kLong); },
-     [](auto& m) { m.append(260, 'q'); }},
-    {"append itself", true, [](atr_String& s) { s.Append(s); },
-     [](auto& m) { m += std::string(m); }},
-    {"Erase", true, [](atr_String& s) { s.Erase(1, 3); }, [](auto& m) { erase(m, 1, 3); }},
-    {"Erase all", true, [](atr_String& s) { s.Erase(0, kAll); }, [](auto& m) { m.clear(); }},
-    {"Erase nothing", true, [](atr_String& s) { s.Erase(kAll, 5); }, [](auto&) {}},
-    {"insert", true, [](atr_String& s) { s.insert(0, "hello", 5, 0, kAll); },
-     [](auto& m) { m.insert(0, "hello"); }},
-    {"insert nothing", true, [](atr_String& s) { s.insert(0, "", 0, 0, 0); }, [](auto&) {}},
-    {"insert at end", true, [](atr_String& s) { s.insert(kAll, "hello", 5, 3, 1); },
-     [](auto& m) { m += "l"; }},
-    {"insert itself", true,
-     [](atr_String& s) { s.insert(1, s.c_str(), static_cast<int>(s.length()), 0, kAll); },
-     [](auto& m) { m.insert(std::min<std::size_t>(1, m.size()), std::string(m)); }},
-    {"replace longer", true, [](atr_String& s) { s.replace(0, 2, "wxyz", 4, 0, kAll); },
-     [](auto& m) { m.replace(0, 2, "wxyz"); }},
-    {"replace shorter", true, [](atr_String& s) { s.replace(0, 2, "w", 1, 0, kAll); },
-     [](auto& m) { m.replace(0, 2, "w"); }},
-    {"replace by own end", true,
-     [](atr_String& s) {
-       s.replace(0, 1, s.c_str() + s.length() / 2, 3, 0,
-                 static_cast<int>(s.length() - s.length() / 2));
-     },
-     [](auto& m) { m.replace(0, 1, std::string(m, m.size() / 2, 3)); }},
-    {"Replace by own text", true,
-     [](atr_String& s) { s.Replace(1, 1, s.c_str(), static_cast<int>(s.length())); },
-     [](auto& m) { m.replace(std::min<std::size_t>(1, m.size()), 1, std::string(m)); }},
-    {"operator[]", true, [](atr_String& s) { s[0] = s.IsEmpty() ? '\0' : '!'; },
-     [](auto& m) {
-       if (!m.empty()) m[0] = '!';
-     }},
-    {"operator[] outside", true, [](atr_String& s) { s[kAll] = '!', s[-1] = '!'; }, [](auto&) {}},
-    {"assign", true, [](atr_String& s) { s = "new text"; }, [](auto& m) { m = "new text"; }},
-    {"assign own tail", true, [](atr_String& s) { s = s.c_str() + s.length() / 2; },
-     [](auto& m) { m = m.substr(m.size() / 2); }},
-    {"assign null", true, [](atr_String& s) { s = static_cast<char const*>(nullptr); },
-     [](auto& m) { m.clear(); }},
-    {"assign itself", false, [](atr_String& s) { s = *&s; }, [](auto&) {}},
-    {"Substitute", false, [](atr_String& s) { s.Substitute(kAB, kX, kAll); },
-     [](auto& m) { replaceOnce(m, "ab", "X", 999); }},
-    {"Substitute longer", false, [](atr_String& s) { s.Substitute(kX, kAB, 2); },
-     [](auto& m) { replaceOnce(m, "X", "ab", 2); }},
-    {"Substitute alike", false, [](atr_String& s) { s.Substitute(kX, kX, 0); }, [](auto&) {}},
-    {"LeftTrim", false, [](atr_String& s) { s.LeftTrim(" a"); },
-     [](auto& m) { m.erase(0, m.find_first_not_of(" a")); }},
-    {"RightTrim", false, [](atr_String& s) { s.RightTrim(" \n"); },
-     [](auto& m) { m.erase(m.find_last_not_of(" \n") + 1); }},
-    {"trim nothing", false, [](atr_String& s) { s.LeftTrim("").RightTrim(""); }, [](auto&) {}},
-    {"Trim", true, [](atr_String& s) { s.Trim(" "); }, filter},
-    {"Trim nothing", true, [](atr_String& s) { s.Trim("~"); }, [](auto&) {}},
-    {"ToUpper", false, [](atr_String& s) { s.ToUpper(); },
-     [](auto& m) { shift(m, 'a', 'z', -32); }},
-    {"ToLower", false, [](atr_String& s) { s.ToLower(); }, [](auto& m) { shift(m, 'A', 'Z', 32); }},
-    {"Capitalize", false, [](atr_String& s) { s.Capitalize(); },
-     [](auto& m) {
-       if (!m.empty()) m[0] = static_cast<char>(std::toupper(m[0]));
-     }},
-    {"Uncapitalize", false, [](atr_String& s) { s.Uncapitalize(); },
-     [](auto& m) {
-       if (!m.empty()) m[0] = static_cast<char>(std::tolower(m[0]));
-     }},
-    {"Reverse", true, [](atr_String& s) { s.Reverse(); },
-     [](auto& m) { std::reverse(m.begin(), m.end()); }},
-    {"only reading", false,
-     [](atr_String& s) {
-       std::as_const(s)[0];
-       s.Find("b", 0);
-       s.rfind("b", 1, kAll);
-       s.Substr(1, 2);
-       s.SubstrLength(0, 1);
-       s.extract(1, ' ');
-       s.Delete();
-     },
-     [](auto&) {}},
+    {"append", true, OP(s.append("0123", 4, 1, 2), m += "12")},
+    {"append nothing", true, OP(s.append("", 0, 0, kAll), m += "")},
+    {"append long", true, OP(s.Append(kLong), m.append(260, 'q'))},
+    {"append itself", true, OP(s.Append(s), m += std::string(m))},
+    {"Erase", true, OP(s.Erase(1, 3), m.erase(one(m), 3))},
+    {"Erase all", true, OP(s.Erase(0, kAll), m.clear())},
+    {"Erase nothing", true, OP(s.Erase(kAll, 5), m += "")},
+    {"insert", true, OP(s.insert(0, "hello", 5, 0, kAll), m.insert(0, "hello"))},
+    {"insert nothing", true, OP(s.insert(0, "", 0, 0, 0), m += "")},
+    {"insert at end", true, OP(s.insert(kAll, "hello", 5, 3, 1), m += "l")},
+    {"insert itself", true, OP(s.insert(1, s.c_str(), len(s), 0, kAll), m.insert(one(m), std::string(m)))},
+    {"replace longer", true, OP(s.replace(0, 2, "wxyz", 4, 0, kAll), m.replace(0, 2, "wxyz"))},
+    {"replace shorter", true, OP(s.replace(0, 2, "w", 1, 0, kAll), m.replace(0, 2, "w"))},
+    {"replace by own end", true, OP(s.replace(0, 1, s.c_str() + half(s), 3, 0, len(s) - half(s)), m.replace(0, 1, std::string(m, m.size() / 2, 3)))},
+    {"Replace by own text", true, OP(s.Replace(1, 1, s.c_str(), len(s)), m.replace(one(m), 1, std::string(m)))},
+    {"operator[]", true, OP(s[0] = s.IsEmpty() ? '\0' : '!', m.replace(0, one(m), one(m), '!'))},
+    {"operator[] outside", true, OP((s[kAll] = '!', s[-1] = '!'), m += "")},
+    {"assign", true, OP(s = "new text", m = "new text")},
+    {"assign own tail", true, OP(s = s.c_str() + half(s), m = m.substr(m.size() / 2))},
+    {"assign null", true, OP(s = static_cast<char const*>(nullptr), m.clear())},
+    {"assign itself", false, OP(s = *&s, m += "")},
+    {"Substitute", false, OP(s.Substitute(kAB, kX, kAll), replaceOnce(m, "ab", "X", 999))},
+    {"Substitute longer", false, OP(s.Substitute(kX, kAB, 2), replaceOnce(m, "X", "ab", 2))},
+    {"Substitute never", false, OP(s.Substitute(kX, kX, 0), m += "")},
+    {"LeftTrim", false, OP(s.LeftTrim(" a"), m.erase(0, m.find_first_not_of(" a")))},
+    {"RightTrim", false, OP(s.RightTrim(" \n"), m.erase(m.find_last_not_of(" \n") + 1))},
+    {"trim nothing", false, OP(s.LeftTrim("").RightTrim(""), m += "")},
+    {"Trim", true, OP(s.Trim(" "), std::erase(m, ' '))},
+    {"Trim nothing", true, OP(s.Trim("~"), m += "")},
+    {"ToUpper", false, OP(s.ToUpper(), for (char& c : m) c = static_cast<char>(std::toupper(c)))},
+    {"ToLower", false, OP(s.ToLower(), for (char& c : m) c = static_cast<char>(std::tolower(c)))},
+    {"Capitalize", false, OP(s.Capitalize(), if (!m.empty()) m[0] = static_cast<char>(std::toupper(m[0])))},
+    {"Uncapitalize", false, OP(s.Uncapitalize(), if (!m.empty()) m[0] = static_cast<char>(std::tolower(m[0])))},
+    {"Reverse", true, OP(s.Reverse(), std::reverse(m.begin(), m.end()))},
+    {"only reading", false, OP((std::as_const(s)[0], s.rfind("b", 1, s.Find("b", 0)), s.Substr(1, 2), s.SubstrLength(0, 1), s.extract(1, ' '), s.Delete()), m += "")},
 };
+// clang-format on
 
 std::string const kTexts[] = {"",
                               "a",

@@ -8,7 +8,7 @@
 class atr_Fmt {
  public:
   /// The length modifier that goes before the letter. Any other value is as DataInt.
-  enum DataSize {
+  enum DataSize : int {
     DataInt = 0,    ///< none
     DataShort = 1,  ///< `h`
     DataInt64 = 2,  ///< that of a 64-bit integer before `X d o u x`, none before another letter

@@ -123,6 +123,10 @@ class atr_String : public atr_StringBase {
   atr_String& Substitute(atr_StringBase const& from, atr_StringBase const& to, int count) {
     return self(atr_StringBase::Substitute(from, to, count));
   }
+  /// The same with plain texts.
+  atr_String& Substitute(char const* from, char const* to, int count) {
+    return Substitute(atr_String(from), atr_String(to), count);
+  }
   /// The base's Substr, which only measures; its own name is taken.
   int SubstrLength(int pos, int count) const { return atr_StringBase::Substr(pos, count); }
   atr_String& LeftTrim(char const* set) { return self(atr_StringBase::LeftTrim(set)); }

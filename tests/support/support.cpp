@@ -1,20 +1,20 @@
 #include "support/support.h"
 
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <list>
 
+// The environment keeps pointing at the text, up to the end of the process.
 void test::setVariable(char const* name, char const* value) {
-  std::string const text = value != nullptr ? std::string(name) + "=" + value
-                                            : std::string(name) + ATR_TEST_REMOVE_VARIABLE;
-  char* const kept = static_cast<char*>(std::malloc(text.size() + 1));  // the environment's
-  std::memcpy(kept, text.c_str(), text.size() + 1);
-  putenv(kept);
+  static auto* const kept = new std::list<std::string>;
+  kept->push_back(name + (value != nullptr ? "=" + std::string(value) : ATR_TEST_REMOVE_VARIABLE));
+  putenv(kept->back().data());
 }
 
 std::string test::tempFolder() {
-  auto const folder = std::filesystem::temp_directory_path() / "atr_tests";
+  auto const& running = *::testing::UnitTest::GetInstance()->current_test_info();
+  auto const folder = std::filesystem::temp_directory_path() / "atr_tests" / running.name();
   std::filesystem::create_directories(folder);
   return folder.generic_string();
 }
@@ -26,6 +26,15 @@ test::TempFile::TempFile(std::string const& name, std::string_view bytes)
 }
 
 test::TempFile::~TempFile() { std::filesystem::remove_all(path_); }
+
+int test::reportFailures() {
+  auto const& result = *::testing::UnitTest::GetInstance()->current_test_info()->result();
+  for (int i = 0; i < result.total_part_count(); ++i) {
+    std::fprintf(stderr, "%d: %s\n", result.GetTestPartResult(i).line_number(),
+                 result.GetTestPartResult(i).message());
+  }
+  return result.total_part_count();
+}
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);

@@ -6,6 +6,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,7 @@ inline std::vector<char const*> allLocales() { return {ATR_TEST_LOCALES}; }
 /// Sets a variable of the process environment, or removes it with a null value.
 void setVariable(char const* name, char const* value);
 
-/// A file in the test's own folder, removed at the end of the scope.
+/// A file in a folder of the running test, removed at the end of the scope.
 class TempFile {
  public:
   TempFile(std::string const& name, std::string_view bytes);
@@ -48,6 +49,10 @@ class TempFile {
 };
 std::string tempFolder();
 
+/// Writes the failures of the running test to the standard error stream, for a process that cannot
+/// report them otherwise. @return how many there are.
+int reportFailures();
+
 /// Calls visit(begin, end) for every text of up to `longest` of the given bytes, in a block of
 /// exactly its size and a NUL.
 template <class Visit>
@@ -56,7 +61,7 @@ void forEachText(std::string_view bytes, std::size_t longest, Visit visit) {
   for (;;) {
     auto const text = std::make_unique<char[]>(digits.size() + 1);
     for (std::size_t i = 0; i < digits.size(); ++i) text[i] = bytes[digits[i]];
-    visit(text.get(), text.get() + digits.size());
+    visit(text.get(), static_cast<char const*>(text.get()) + digits.size());
     std::size_t i = 0;
     while (i < digits.size() && ++digits[i] == bytes.size()) digits[i++] = 0;
     if (i < digits.size()) continue;
@@ -69,12 +74,12 @@ void forEachText(std::string_view bytes, std::size_t longest, Visit visit) {
 
 /// Runs the statements in a process of its own, where nothing has been worked out yet, and matches
 /// what it writes to the standard error stream.
-#define EXPECT_FRESH(errors, ...)                         \
-  EXPECT_EXIT(                                            \
-      {                                                   \
-        __VA_ARGS__;                                      \
-        std::exit(::testing::Test::HasFailure() ? 1 : 0); \
-      },                                                  \
+#define EXPECT_FRESH(errors, ...)            \
+  EXPECT_EXIT(                               \
+      {                                      \
+        __VA_ARGS__;                         \
+        std::exit(::test::reportFailures()); \
+      },                                     \
       ::testing::ExitedWithCode(0), errors)
 
 #endif  // ATR_TESTS_SUPPORT_SUPPORT_H

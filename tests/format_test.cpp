@@ -1,0 +1,286 @@
+// Messages: templates against a slow reading of the syntax, values against the runtime's printf.
+#include <cinttypes>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include "atr/atr.h"
+#include "atr/format/template_scan.h"
+#include "atr/translation/translation_table.h"
+#include "support/allocation_watch.h"
+#include "support/oracles.h"
+#include "support/support.h"
+
+using namespace test;
+
+namespace {
+
+std::vector<std::string> const kValues = {"<1>", "<2>", "%s", "<4>", "%1$d"};
+
+std::string format(std::string const& text, std::vector<std::string> const& values = kValues) {
+  atr_translate message(text.c_str());
+  for (std::size_t k = 0; k < values.size(); ++k) {
+    message.AddSubstitution(static_cast<int>(k) + 1, values[k].c_str(), nullptr);
+  }
+  std::string const first = message.Result().c_str();
+  EXPECT_EQ(first, message.Result().c_str());
+  return first;
+}
+
+template <class... Values>
+std::string substitute(std::string const& text, Values... values) {
+  atr_translate message(text.c_str());
+  int position = 0;
+  (atr_SubstituteFormat(message, ++position, values), ...);
+  return message.Result().c_str();
+}
+
+}  // namespace
+
+TEST(Format, TemplatesSmallWorld) {
+  forEachText("%12$dy-l", 6, [](char const* p, char const* end) {
+    std::string const text(p, end);
+    ASSERT_EQ(format(text), formatMessage(text, kValues)) << text;
+  });
+  for (unsigned n = 0; n < 1U << 20; n += 7) {  // six conversions with and without numbers
+    std::string text;
+    for (unsigned bits = n, i = 0; i < 6; ++i, bits >>= 3) {
+      text += bits % 8 == 7 ? "%s," : "%" + std::to_string(bits % 8) + "$s,";
+    }
+    ASSERT_EQ(format(text), formatMessage(text, kValues)) << text;
+  }
+}
+
+TEST(Format, TemplateRows) {
+  constexpr char const* kRows[][3] = {// template, its formats by position, the result of kValues
+                                      {"", "", ""},
+                                      {"100%%", "", "100%"},
+                                      {"%%%%%", "", "%%"},
+                                      {"%d%%", "%d", "<1>%"},
+                                      {"%d%", "%d", "<1>"},
+                                      {"%%s %ld", "%d", "%s <1>"},
+                                      {"%3$-5d%lld", "%ld%-5d", "<2><1>"},
+                                      {"%5.2f %-10s %lX", "%5.2f%-10s%X", "<1> <2> %s"},
+                                      {"%+d %#x %*d %i %hd", "", "+d #x *d i hd"},
+                                      {"50% off %d", "%d", "50 off <1>"},
+                                      {"%5%d", "", "%d"},
+                                      {"%2$d %2$d %2$d %1$d", "%d%d%d%d", "<2> <4> %s <1>"},
+                                      {"%99999999999$s %4294957296$s %$s", "%s%s%s", "<2> %s <1>"},
+                                      {"%0$d %1$d", "%d%d", "<1> <2>"}};
+  for (auto const& [text, formats, result] : kRows) {
+    atr_translate const message(text);
+    std::string all;
+    for (int k = 1; message.Format(k) != nullptr; ++k) all += message.Format(k);
+    EXPECT_EQ(all, formats) << text;
+    EXPECT_EQ(message.Format(0), nullptr);
+    EXPECT_EQ(format(text), result) << text;
+    EXPECT_EQ(format(text), formatMessage(text, kValues)) << text;
+  }
+  atr_translate nothing(nullptr);
+  atr_SubstituteFormat(nothing, 1, "x");
+  EXPECT_TRUE(nothing.Result().IsEmpty());
+}
+
+TEST(Format, TranslationDecides) {
+  static TranslationEntry entries[] = {
+      {const_cast<char*>("%d of %s"), const_cast<char*>("%2$s: %1$d, %9$d!")}};
+  atr_trTable = {entries, 1};
+  EXPECT_EQ(substitute("%d of %s", 3, "ten"), "ten: 3, !");
+  atr_trTable = {nullptr, 0};
+  EXPECT_EQ(substitute("%d of %s\\@tail", 3, "ten"), "3 of ten");
+  Locale const locale(ATR_TEST_SJIS);
+  std::string const big(5000, 'x');
+  EXPECT_EQ(substitute("%s\xE3\x82\xBD\\@", "ten"), "ten\x83\x5C");
+  EXPECT_EQ(substitute("%s\xE3\x82\xBD" + big + "\xC0\x80" + big, "ten"), "ten\x83\x5C" + big);
+}
+
+// Twice the template may cost a little over twice the time, in all three of its steps.
+TEST(Format, LargeTemplates) {
+  std::string text, result;
+  for (int i = 0; i < 200000; ++i) text += "%d ", result += "7 ";
+  atr_translate message(text.c_str());
+  for (int i = 1; i <= 200000; ++i) message.AddSubstitution(i, "7", nullptr);
+  EXPECT_EQ(message.Result().c_str(), result);
+}
+
+TEST(Format, FieldsSmallWorld) {
+  forEachText("-.05sl ", 6, [](char const* p, char const* end) {
+    std::string const conversion = "%" + std::string(p, end);
+    atr_translate message("%d");
+    message.AddSubstitution(1, "abc", conversion.c_str());
+    ASSERT_EQ(message.Result().c_str(), fitField("abc", conversion)) << conversion;
+  });
+  atr_translate message("%s");
+  message.AddSubstitution(1, "abc", "%9999999s");
+  EXPECT_EQ(message.Result().length(), 9999999);
+  message.AddSubstitution(1, nullptr, "%-3s");
+  EXPECT_STREQ(message.Result().c_str(), "   ");
+}
+
+TEST(Format, FixExponent) {
+  forEachText("e+01 ", 6, [](char* p, char const*) {
+    std::string text = p;
+    auto const at = text.find('e');
+    bool const isLong = at != text.npos && text.size() == at + 5 && text[at + 2] == '0';
+    if (isLong) text.erase(at + 2, 1);
+    atr_translate::FixExponent(p);
+    ASSERT_EQ(p, text);
+  });
+}
+
+TEST(Format, Specifications) {
+  using Size = atr_Fmt::DataSize;
+  struct Row {
+    char const* format;
+    int size;
+    char letter;
+    char const *full, *narrow;
+  };
+  constexpr Row kRows[] = {{"%-10.5s", 0, 0, "%-10.5s", "%s"}, {"%5d", 0, 'u', "%5u", "%u"},
+                           {"%5d", 1, 0, "%5hd", "%hd"},       {"%5d", 3, 'x', "%5hx", "%hx"},
+                           {"%-8x", 2, 0, "%-8lx", "%lx"},     {"%5s", 2, 'd', "%5ld", "%ld"},
+                           {"%5.2f", 2, 0, "%5.2f", "%f"},     {"%5c", 2, 0, "%5c", "%c"},
+                           {"%lld", 7, 0, "%lld", "%d"}};
+  for (auto const& [text, size, letter, full, narrow] : kRows) {
+    atr_Fmt format(text);
+    std::string expected[] = {full, narrow};
+    for (std::string& e : expected) {
+      if (size == 2 && e.find("l") != e.npos)
+        e.replace(e.find("l"), 1, std::string(PRId64).substr(0, sizeof PRId64 - 2));
+    }
+    EXPECT_EQ(format.Format(static_cast<Size>(size), letter), expected[0]) << text;
+    EXPECT_EQ(format.FormatNoWidth(static_cast<Size>(size), letter), expected[1]) << text;
+    EXPECT_EQ(format.Letter(), text[std::strlen(text) - 1]);
+  }
+}
+
+namespace {
+
+// What printf makes of a value; `l` in the run is no part of it.
+template <class Value>
+std::string print(std::string run, char const* modifier, char letter, Value value) {
+  std::erase(run, 'l');
+  std::string const conversion = "%" + run + modifier + letter;
+  char text[512];
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // the peer is printf itself
+  std::snprintf(text, sizeof text, conversion.c_str(), value);
+#pragma GCC diagnostic pop
+  return text;
+}
+
+std::string printDouble(std::string const& run, char letter, double value) {
+  std::string text = print(run, "", letter, value);
+  atr_translate::FixExponent(text.data());
+  return text.c_str();
+}
+
+}  // namespace
+
+// All runs of a valid form over all letters and kinds of values.
+TEST(Format, ValuesSmallWorld) {
+  constexpr long long kIntegers[] = {0, 1, -1, 42, -5, 255, INT_MIN, INT_MAX, LLONG_MIN, LLONG_MAX};
+  constexpr double kDoubles[] = {0.0, -0.0, 3.14159, -2.5e-7, 1e300, 1.5e5, HUGE_VAL};
+  for (std::string const run : {"", "5", "05", "-5", "-05", "0-5", ".3", ".0", ".", "7.3", "-7.3",
+                                "07.3", "l", "5l", "l-7l.3l", "12", "1"}) {
+    for (char const letter : std::string("EXcdefgosux")) {
+      std::string const text = "%" + run + letter;
+      bool const isDouble = std::strchr("Eefg", letter) != nullptr;
+      for (long long const v : kIntegers) {
+        int const i = static_cast<int>(v);
+        auto const u = static_cast<unsigned>(v);
+        auto const big = static_cast<unsigned long long>(v);
+        std::string forInt, forUnsigned, forLong, forBig;
+        if (isDouble) {
+          forInt = print("", "", letter, double(i)), forUnsigned = print("", "", letter, double(u));
+          forLong = print("", "", letter, double(v)), forBig = print("", "", letter, double(big));
+        } else if (letter == 's') {
+          forInt = std::to_string(i), forUnsigned = std::to_string(u);
+          forLong = std::to_string(v), forBig = std::to_string(big);
+        } else if (letter == 'c') {
+          bool const isZero =
+              run.find('0') != run.npos;  // flags and precisions that %c has no use for
+          if (isZero || run.find('.') != run.npos) continue;
+          forInt = forUnsigned = forLong = forBig = print(run, "", letter, i);
+        } else {
+          char const plain = letter == 'd' ? 'u' : letter;
+          forInt = print(run, "", letter, i), forUnsigned = print(run, "", plain, u);
+          forLong = print(run, "ll", letter, v), forBig = print(run, "ll", plain, big);
+        }
+        ASSERT_EQ(substitute(text, i), forInt) << text << ' ' << v;
+        ASSERT_EQ(substitute(text, u), forUnsigned) << text << ' ' << v;
+        ASSERT_EQ(substitute(text, v), forLong) << text << ' ' << v;
+        ASSERT_EQ(substitute(text, big), forBig) << text << ' ' << v;
+        ASSERT_EQ(substitute(text, reinterpret_cast<void const*>(static_cast<std::uintptr_t>(big))),
+                  forBig);
+        ASSERT_EQ(substitute(text, static_cast<long>(v)), forLong);
+      }
+      for (double const v : kDoubles) {
+        std::string const expected = isDouble ? printDouble(run, letter, v) : print("", "", 'e', v);
+        ASSERT_EQ(substitute(text, v), expected) << text << ' ' << v;
+        ASSERT_EQ(substitute(text, static_cast<float>(0.5)),
+                  isDouble ? printDouble(run, letter, 0.5) : print("", "", 'e', 0.5));
+      }
+      ASSERT_EQ(substitute(text, "abc"),
+                letter == 's' ? fitField("abc", text == "%ls" ? "%s" : text) : "abc")
+          << text;
+    }
+  }
+}
+
+TEST(Format, ValueRows) {
+  EXPECT_EQ(substitute("%5s", atr_String()), "     ");
+  EXPECT_EQ(substitute("%c|%5c|%-5c", 0, 0, 0), "|    |");
+  EXPECT_EQ(substitute("%c", -23), "\xE9");
+  EXPECT_EQ(substitute("%1.2.3d|%5-3d|%.-3d", 7, 7, 7), "07|    7|7");
+  EXPECT_EQ(substitute("%s", static_cast<char const*>(nullptr)), "");
+  for (char const* const huge : {"2000000", "2147483648", "99999999999999999999"}) {
+    for (std::string const& text : {"%" + std::string(huge), "%." + std::string(huge),
+                                   "%-0" + std::string(huge) + "." + huge}) {
+      EXPECT_LE(substitute(text + "d", -5).size(), 1024U) << text;
+      EXPECT_LE(substitute(text + "f", 1e300).size(), 1400U) << text;
+    }
+  }
+}
+
+TEST(Format, WithoutMemory) {
+  EXPECT_EQ(failEach([](int k) {
+              failAllocation(k);
+              atr_translate message("%2$5d of %1$s: %ld%%");
+              atr_SubstituteFormat(message, 1, "ten");
+              atr_SubstituteFormat(message, 2, 3);
+              atr_SubstituteFormat(message, 1, "eleven");
+              message.Result();
+            }),
+            10);
+}
+
+TEST(Format, ReplaceNonTranslated) {
+  atr_String s("value %1$d of %2$d");
+  EXPECT_STREQ(s.ReplaceNonTranslated(2, 9).ReplaceNonTranslated(1, 3).c_str(), "value 3 of 9");
+  struct Row {
+    char const* text;
+    int position;
+    char const *value, *result;
+  };
+  constexpr Row kRows[] = {{"%s", 0, nullptr, ""},          {"%1$d", 1, "x", "%1$d"},
+                           {"%3$s", 2, "x", "%3$s"},        {"a%1$sb", 1, "%2$s", "a%2$sb"},
+                           {"%1$s %1$s", 1, "x", "x %1$s"}, {"", 0, "x", ""},
+                           {"%-1$s", -1, "x", "x"},         {"%2$5s", 2, "x", "%2$5s"}};
+  for (auto const& [text, position, value, result] : kRows) {
+    EXPECT_STREQ(atr_String(text).ReplaceNonTranslated(position, value).c_str(), result) << text;
+    EXPECT_STREQ(atr_String(text).ReplaceNonTranslated(position, atr_String(value)).c_str(), result)
+        << text;
+  }
+  EXPECT_STREQ(atr_String("%%d").ReplaceNonTranslated(0, 7).c_str(), "%7");
+  EXPECT_STREQ(atr_String("%10$d").ReplaceNonTranslated(1, 7).c_str(), "%10$d");
+  EXPECT_STREQ(atr_String("a-b-c").ReplaceNonTranslated("-", "+").c_str(), "a+b-c");
+  EXPECT_STREQ(atr_String("abc")
+                   .ReplaceNonTranslated(nullptr, "+")
+                   .ReplaceNonTranslated("", atr_String("+"))
+                   .c_str(),
+               "abc");
+  atr_String const shared("%s!");
+  EXPECT_STREQ(atr_String(shared).ReplaceNonTranslated(0, shared).c_str(), "%s!!");
+  EXPECT_STREQ((s = "%s!").ReplaceNonTranslated(0, s).c_str(), "%s!!");
+}
