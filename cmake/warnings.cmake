@@ -4,11 +4,12 @@ add_library(atr_warnings INTERFACE)
 target_compile_options(atr_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wformat=2 -Wvla)
 
+# On Windows the stack protector would bring one more DLL; the linker's own protections are on.
 add_library(atr_hardening INTERFACE)
-target_compile_options(atr_hardening INTERFACE
-  $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong>)
-target_compile_definitions(atr_hardening INTERFACE
-  $<$<CONFIG:Release,RelWithDebInfo>:_FORTIFY_SOURCE=2>)
 if(NOT WIN32)
+  target_compile_options(atr_hardening INTERFACE
+    $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong>)
+  target_compile_definitions(atr_hardening INTERFACE
+    $<$<CONFIG:Release,RelWithDebInfo>:_FORTIFY_SOURCE=2>)
   target_link_options(atr_hardening INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
 endif()
