@@ -213,7 +213,8 @@ TEST(Format, ValuesSmallWorld) {
         ASSERT_EQ(substitute(text, big), forBig) << text << ' ' << v;
         ASSERT_EQ(substitute(text, reinterpret_cast<void const*>(static_cast<std::uintptr_t>(big))),
                   forBig);
-        ASSERT_EQ(substitute(text, static_cast<long>(v)), forLong);
+        ASSERT_EQ(substitute(text, static_cast<long>(v)),
+                  substitute(text, static_cast<long long>(static_cast<long>(v))));
       }
       for (double const v : kDoubles) {
         std::string const expected = isDouble ? printDouble(run, letter, v) : print("", "", 'e', v);
@@ -236,7 +237,7 @@ TEST(Format, ValueRows) {
   EXPECT_EQ(substitute("%s", static_cast<char const*>(nullptr)), "");
   for (char const* const huge : {"2000000", "2147483648", "99999999999999999999"}) {
     for (std::string const& text : {"%" + std::string(huge), "%." + std::string(huge),
-                                   "%-0" + std::string(huge) + "." + huge}) {
+                                    "%-0" + std::string(huge) + "." + huge}) {
       EXPECT_LE(substitute(text + "d", -5).size(), 1024U) << text;
       EXPECT_LE(substitute(text + "f", 1e300).size(), 1400U) << text;
     }
