@@ -24,8 +24,9 @@ char const* fieldEnd(char const* p, char delimiter) noexcept {
 }
 
 // A NUL as delimiter never matches, since the text ends there.
-Field findField(char const* text, int index, char delimiter) noexcept {
-  if (index < 0) return {nullptr, 0};
+Field findField(atr_String const& string, int index, char delimiter) noexcept {
+  if (index < 0 || string.IsEmpty()) return {nullptr, 0};
+  char const* text = string.c_str();
   char const* end = fieldEnd(text, delimiter);
   for (; index > 0; --index) {
     if (*end == '\0') return {nullptr, 0};
@@ -44,7 +45,7 @@ atr_String atr_String::Substr(std::size_t position, std::size_t count) const {
 
 atr_String atr_String::extract(int index, char delimiter) const {
   atr_String result;
-  Field const field = findField(c_str(), index, delimiter);
+  Field const field = findField(*this, index, delimiter);
   if (field.text == nullptr) return result;
   result.isolate(field.bytes + 1);
   std::memcpy(result.body, field.text, static_cast<std::size_t>(field.bytes));
@@ -55,7 +56,7 @@ atr_String atr_String::extract(int index, char delimiter) const {
 
 atr_String atr_String::extract(int index, char delimiter, char escape) const {
   atr_String result;
-  Field const field = findField(c_str(), index, delimiter);
+  Field const field = findField(*this, index, delimiter);
   if (field.text == nullptr) return result;
   result.isolate(field.bytes + 1);
   char* out = result.body;

@@ -182,8 +182,8 @@ atr_StringBase& atr_StringBase::operator=(char const* text) {
 void atr_StringBase::Delete() {
   if (rep == nullptr || rep->refCount > 0) return;
   EndingRep const ending(rep, body);
-  ending.report();
   ::operator delete(ending.separateBody);
+  ending.report();
   atr_StringRep::operator delete(rep);
   body = nullptr;
   rep = nullptr;
@@ -198,7 +198,10 @@ bool atr_StringBase::isSoleOwnerWithRoom(int n) const noexcept {
 }
 
 bool atr_StringBase::tryExtend(int /*n*/) noexcept {
-  if (atr_summary != nullptr) ++atr_summary->extensionFailures;
+  if (atr_summary != nullptr) {
+    atr_summary->extensionFailures =
+        static_cast<int>(static_cast<unsigned int>(atr_summary->extensionFailures) + 1);
+  }
   return false;
 }
 
@@ -211,7 +214,6 @@ void atr_StringBase::isolate(int n) {
     return;
   }
   bool const isShared = rep->refCount > 1;
-  if (!isShared && isInline() && tryExtend(capacity)) return;
   atr_StringRep* const old = rep;
   EndingRep const ending(rep, body);
   makeCopy(body, old->length, capacity);
@@ -219,22 +221,23 @@ void atr_StringBase::isolate(int n) {
     --old->refCount;
     return;
   }
+  if (ending.inlineSize != 0) tryExtend(capacity);  // counted once the move is certain
   ending.report();
-  ::operator delete(ending.separateBody);
   atr_StringRep::operator delete(old);
+  ::operator delete(ending.separateBody);
 }
 
 char* atr_StringBase::get(int n) {
   int const capacity = std::max(n, 0);
   if (isSoleOwnerWithRoom(capacity)) return nullptr;
   bool const isShared = rep != nullptr && rep->refCount > 1;
-  if (rep != nullptr && !isShared && isInline() && tryExtend(capacity)) return nullptr;
   Blocks const fresh = takeBlocks(capacity, 0);
   char* toFree = nullptr;
   if (isShared) {
     --rep->refCount;
   } else if (rep != nullptr) {
     EndingRep const ending(rep, body);
+    if (ending.inlineSize != 0) tryExtend(capacity);
     ending.report();
     if (ending.inlineSize != 0) {
       toFree = reinterpret_cast<char*>(rep);
@@ -251,24 +254,29 @@ char* atr_StringBase::get(int n) {
 
 // --- growing ----------------------------------------------------------------------------------
 
-bool atr_StringBase::overlaps(char const* text) const noexcept {
+// Whether `text` may be gone or changed once this string has been written to. A shared or borrowed
+// body is neither freed nor written.
+bool atr_StringBase::isAtRisk(char const* text) const noexcept {
   std::less<char const*> const before;
-  return rep != nullptr && !before(text, body) && !before(body + rep->length, text);
+  bool const isWritable = rep != nullptr && rep->refCount == 1 && rep->size != 0;
+  return isWritable && !before(text, body) && !before(body + rep->length, text);
 }
 
-// A source in the own text moves with it.
+// A source in the own text moves with it; one that runs out of it is copied first.
 atr_StringBase& atr_StringBase::append(char const* src, int srcLength, int srcPos, int count) {
   int const from = std::clamp(srcPos, 0, std::max(srcLength, 0));
   int const n = std::clamp(count, 0, std::max(srcLength, 0) - from);
   int const oldLength = lengthOf(*this);
   int const newLength = checkedLength(std::int64_t{oldLength} + n);
-  bool const isOwnText = overlaps(src);
-  std::ptrdiff_t const offset = isOwnText ? src - body : 0;
-  isolate(newLength);
-  if (n > 0) {
-    std::memmove(body + oldLength, (isOwnText ? body + offset : src) + from,
-                 static_cast<std::size_t>(n));
+  char const* const piece = n > 0 ? src + from : "";
+  bool const isOwn = isAtRisk(piece);
+  std::ptrdiff_t const offset = isOwn ? piece - body : 0;
+  if (isOwn && offset + n > oldLength) {
+    atr_StringBase const copy(piece, n);
+    return append(copy.body, n, 0, n);
   }
+  isolate(newLength);
+  std::memcpy(body + oldLength, isOwn ? body + offset : piece, static_cast<std::size_t>(n));
   rep->length = newLength;
   body[newLength] = '\0';
   return *this;

@@ -149,7 +149,9 @@ class atr_StringBase {
   /// @pre `text` is not null.
   ATR_API int rfind(char const* text, int textLength, int lastStart) const;
 
-  /// Replaces the first `from` by `to`, up to `count` times, each time looking from the start.
+  /// Replaces the first `from` by `to`, up to `count` times, each time looking from the start: a
+  /// `to` that holds `from` goes on until the count runs out, or the length does. If memory runs
+  /// out, the replacements made so far stand.
   /// @pre neither `from` nor `to` is this object.
   ATR_API atr_StringBase& Substitute(atr_StringBase const& from, atr_StringBase const& to,
                                      int count);
@@ -209,7 +211,7 @@ class atr_StringBase {
   void leave() noexcept;
   bool isSoleOwnerWithRoom(int n) const noexcept;
   bool isInline() const noexcept;
-  bool overlaps(char const* text) const noexcept;
+  bool isAtRisk(char const* text) const noexcept;
   void splice(int pos, int removed, int inserted);
   int textEnd() const noexcept;
   atr_StringBase& changeCase(bool toUpper);

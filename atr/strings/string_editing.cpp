@@ -52,7 +52,7 @@ atr_StringBase& atr_StringBase::replace(int pos, int count, char const* src, int
   int const removed = std::clamp(count, 0, length - at);
   int const from = std::clamp(srcPos, 0, std::max(srcLength, 0));
   int const inserted = std::clamp(srcCount, 0, std::max(srcLength, 0) - from);
-  if (inserted > 0 && overlaps(src + from)) return Replace(at, removed, src + from, inserted);
+  if (inserted > 0 && isAtRisk(src + from)) return Replace(at, removed, src + from, inserted);
   splice(at, removed, inserted);
   if (inserted > 0) std::memcpy(body + at, src + from, asSize(inserted));
   return *this;
@@ -67,12 +67,13 @@ char atr_StringBase::operator[](int i) const {
   return i >= 0 && i < lengthOf(*this) ? body[i] : '\0';
 }
 
-// An index outside the text may still be in the body; failing that, it gets the spare byte.
+// An index behind the text may still be in the body; one outside gets a spare byte of it.
 char& atr_StringBase::operator[](int i) {
   int const length = lengthOf(*this);
-  bool const isInText = i >= 0 && i <= length;
-  isolate(isInText ? length : checkedLength(std::int64_t{length} + 1));
-  return body[i >= 0 && i < rep->size ? i : length + 1];
+  int const room = isSoleOwnerWithRoom(length) ? rep->size : bodySize(length);
+  bool const isInBody = i >= 0 && i < room;
+  isolate(isInBody ? length : checkedLength(std::int64_t{length} + 1));
+  return body[isInBody ? i : length + 1];
 }
 
 void atr_StringBase::SetStringLength(int n) {

@@ -95,7 +95,8 @@ ByteSet byteSet(char const* set) noexcept {
 
 atr_StringBase& atr_StringBase::RightTrim(char const* set) {
   assert(set != nullptr);
-  ByteSet const isIn = byteSet(set);
+  ByteSet isIn = byteSet(set);
+  isIn[0] = true;  // a NUL at the end of a text shows nowhere
   int end = lengthOf(*this);
   while (end != 0 && isIn[static_cast<unsigned char>(body[end - 1])]) --end;
   return end < lengthOf(*this) ? Erase(end, kAll) : *this;
