@@ -6,7 +6,6 @@
 
 #include "atr/format/template_scan.h"
 #include "atr/format/translate.h"
-#include "atr/strings/body_room.h"
 
 using namespace atr;
 
@@ -42,8 +41,6 @@ Field parseField(char const* format) noexcept {
   return field;
 }
 
-std::size_t asSize(int bytes) noexcept { return static_cast<std::size_t>(bytes); }
-
 char* newText(char const* text, std::size_t bytes) {
   auto* const block = static_cast<char*>(::operator new(bytes + 1));
   std::memcpy(block, text, bytes);
@@ -53,12 +50,13 @@ char* newText(char const* text, std::size_t bytes) {
 
 // [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ]
 char* newField(char const* text, Field const& field) {
-  int const length = checkedLength(std::strlen(text));
-  int const used = field.precision < 0 ? length : std::min(field.precision, length);
-  int const total = checkedLength(std::max(field.width, used));
-  auto* const block = static_cast<char*>(::operator new(asSize(total) + 1));
-  std::memset(block + (field.isLeft ? used : 0), ' ', asSize(total - used));
-  std::memcpy(block + (field.isLeft ? 0 : total - used), text, asSize(used));
+  std::size_t const length = std::strlen(text);
+  std::size_t const used =
+      field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);
+  std::size_t const total = std::max(static_cast<std::size_t>(std::max(field.width, 0)), used);
+  auto* const block = static_cast<char*>(::operator new(total + 1));
+  std::memset(block + (field.isLeft ? used : 0), ' ', total - used);
+  std::memcpy(block + (field.isLeft ? 0 : total - used), text, used);
   block[total] = '\0';
   return block;
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <new>
 
 #include "atr/format/template_scan.h"
@@ -105,15 +106,19 @@ namespace {
 
 constexpr int kStackText = 4096;  // a longer one is too much for a small stack
 
+struct DeleteBlock {
+  void operator()(char* block) const noexcept { ::operator delete(block); }
+};
+
 }  // namespace
 
 void atr_translate::parseEncoded(MessageText const& message) {
   char onStack[kStackText + 1];
-  atr_String onHeap;
+  std::unique_ptr<char, DeleteBlock> onHeap;
   char* text = onStack;
   if (message.encodedBytes > kStackText) {
-    onHeap.isolate(message.encodedBytes);
-    text = &onHeap[0];
+    onHeap.reset(newBlock(static_cast<std::size_t>(message.encodedBytes) + 1));
+    text = onHeap.get();
   }
   message.write(text);
   parse(text, text + std::strlen(text));
@@ -121,7 +126,8 @@ void atr_translate::parseEncoded(MessageText const& message) {
 
 atr_translate::~atr_translate() {
   ::operator delete(sorted);
-  delete[] args;
+  std::destroy_n(args, count);  // the elements from `count` on own nothing
+  ::operator delete(args);
   ::operator delete(compiled);
 }
 
@@ -130,12 +136,15 @@ void atr_translate::parse(char const* text, char const* end) {
   Measure measure;
   scanTemplate(text, end, measure);
   auto const bytes = static_cast<std::size_t>(checkedLength(measure.bytes));
-  if (slots > 0) args = new StrArgs[slots];
+  if (slots > 0) {
+    args = static_cast<StrArgs*>(::operator new(slots * sizeof(StrArgs)));
+    std::uninitialized_default_construct_n(args, slots);
+  }
+  count = static_cast<int>(measure.conversions);
   compiled = newBlock(slots > 0 ? offsetsAt(bytes) + measure.conversions * sizeof(int) : bytes + 1);
-  Compile compile{compiled, compiled, offsetsBehind(compiled, bytes), args};
+  Compile compile{compiled, compiled, slots > 0 ? offsetsBehind(compiled, bytes) : nullptr, args};
   scanTemplate(text, end, compile);
   *compile.out = '\0';
-  count = static_cast<int>(measure.conversions);
   if (slots > 0) sortSlots(compile.hasUnnumbered);
 }
 
