@@ -39,14 +39,14 @@ std::string transcode(int target, int source, std::string const& text, char subs
 TEST(Encoding, Utf8CodesRoundTrip) {
   auto const check = [](unsigned code) {
     unsigned char out[7] = {};
-    int const length = atr_utf8_from_ucs4(out, code);
-    int told = -1;
+    int told = -1, length = atr_utf8_from_ucs4(out, code);
+    bool const isGood = code < 0x80000000;
     ASSERT_EQ(atr_utf8_len(code), length) << code;
-    ASSERT_EQ(out[length], 0);
-    ASSERT_EQ(atr_utf8_to_ucs4(out, &told), code < 0x80000000 ? code : 0xFFFFFFFF) << code;
-    ASSERT_EQ(told, code < 0x80000000 ? length : 0) << code;
-    bool const isText = code > 0 && code < 0x80000000;
-    ASSERT_EQ(isText ? atr_utf8_next(atr_utf8_prev(out + length)) : out + length, out + length);
+    ASSERT_EQ(atr_utf8_to_ucs4(out, &told), isGood ? code : 0xFFFFFFFF) << code;
+    ASSERT_EQ(told, isGood ? length : 0) << code;
+    auto const* const end =
+        code > 0 && isGood ? atr_utf8_next(atr_utf8_prev(out + length)) : out + length;
+    ASSERT_EQ(end, out + length);
   };
   for (unsigned code = 0; code < 0x220000; ++code) check(code);
   for (unsigned code = 0x220000; code < 0xFFF00000; code += 9973) check(code);
@@ -54,49 +54,38 @@ TEST(Encoding, Utf8CodesRoundTrip) {
 }
 
 TEST(Encoding, Utf8Rows) {
-  struct Row {
-    std::string text;
-    unsigned code;
-    int length;
-  };
-  Row const rows[] = {{"", 0, 1},
-                      {"\xC0\x80", 0, 2},
-                      {"\xC1\xBF", 0x7F, 2},
-                      {"\xED\xA0\x80", 0xD800, 3},
-                      {"\xF4\x90\x80\x80", 0x110000, 4},
-                      {"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF, 6},
-                      {"\xFE", 0xFFFFFFFF, 0},
-                      {"\xFF", 0xFFFFFFFF, 0},
-                      {"\x80", 0xFFFFFFFF, 0},
-                      {"\xE2\x82", 0xFFFFFFFF, 3},
-                      {"\xE2\xC2\x82", 0xFFFFFFFF, 3}};
+  constexpr unsigned kBad = 0xFFFFFFFF;
+  std::tuple<std::string, unsigned, int> const rows[] = {
+      {"", 0, 1},
+      {"\xC0\x80", 0, 2},
+      {"\xC1\xBF", 0x7F, 2},
+      {"\xED\xA0\x80", 0xD800, 3},
+      {"\xFE", kBad, 0},
+      {"\xF4\x90\x80\x80", 0x110000, 4},
+      {"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF, 6},
+      {"\xFF", kBad, 0},
+      {"\x80", kBad, 0},
+      {"\xE2\x82", kBad, 3},
+      {"\xE2\xC2\x82", kBad, 3}};
   for (auto const& [text, code, length] : rows) {
     int told = -1;
     EXPECT_EQ(atr_utf8_to_ucs4(bytes(text), &told), code) << text;
     EXPECT_EQ(atr_utf8_to_ucs4(bytes(text), nullptr), code) << text;
     EXPECT_EQ(told, length) << text;
-    EXPECT_EQ(atr_encoding_validate(EncodingUtf8, bytes(text)), code != 0xFFFFFFFF) << text;
+    EXPECT_EQ(atr_encoding_validate(EncodingUtf8, bytes(text)), code != kBad) << text;
   }
-  for (auto const& [text, back] : {std::pair("x\xE2\x82\xAC", 3),
+  for (auto const& [text, back] : {std::pair("x\xE2\x82\xAC"s, 3),
                                    {"x\xC3\xA9\xA9", 1},
-                                   {"x\x80\x80\x80\x80\x80\x80\x80", 1},
                                    {"xa", 1},
+                                   {"x\x80\x80\x80\x80\x80\x80\x80", 1},
                                    {"x\xE2", 1}}) {
-    std::string const s = text;
-    EXPECT_EQ(atr_utf8_prev(bytes(s) + s.size()), bytes(s) + s.size() - back) << s;
+    EXPECT_EQ(atr_utf8_prev(bytes(text) + text.size()), bytes(text) + text.size() - back) << text;
   }
 }
 
 TEST(Encoding, Rows) {
-  struct Row {
-    char const* what;
-    int target, source;
-    std::string text;
-    char substitute;
-    std::string result;
-  };
   constexpr int kNone = EncodingNone, kUtf8 = EncodingUtf8, kByte = EncodingSingleByte;
-  Row const rows[] = {
+  std::tuple<char const*, int, int, std::string, char, std::string> const rows[] = {
       {"an empty text calls no row", kNone, INT_MIN, "", 0, ""},
       {"no encoding takes no code", kNone, kUtf8, "abc", 0, "-2"},
       {"but a substitute", 99, kUtf8, "abc", '?', "???"},

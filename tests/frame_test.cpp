@@ -86,16 +86,13 @@ TEST(Frame, SummaryReport) {
 }
 
 TEST(Pool, Rows) {
-  struct Row {
-    int unitBytes, maxClass, slabBytes;
-    std::size_t block;
-    int lastClass;
-  };
-  constexpr Row kRows[] = {{12, 0, 0, 4096, 0},      {32, 7, 16384, 16384, 7},
-                           {4, 20, 100, 400, 15},    {1000, 0, 0, 65536, 0},
-                           {5000, 15, 0, 65536, 12}, {INT_MAX, 15, INT_MAX, 65536, -1},
-                           {0, INT_MIN, -5, 400, 0}, {INT_MIN, INT_MAX, INT_MIN, 400, 15}};
-  for (auto const& [unitBytes, maxClass, slabBytes, block, lastClass] : kRows) {
+  std::tuple<int, int, int, std::size_t, int> const rows[] = {
+      // ..., slab block, highest that fits
+      {12, 0, 0, 4096, 0},      {32, 7, 16384, 16384, 7},
+      {4, 20, 100, 400, 15},    {1000, 0, 0, 65536, 0},
+      {5000, 15, 0, 65536, 12}, {INT_MAX, 15, INT_MAX, 65536, -1},
+      {0, INT_MIN, -5, 400, 0}, {INT_MIN, INT_MAX, INT_MIN, 400, 15}};
+  for (auto const& [unitBytes, maxClass, slabBytes, block, lastClass] : rows) {
     atr_Allocator pool(unitBytes, maxClass, slabBytes);
     Allocations const before = allocations();
     for (int const c : {INT_MIN, -1, lastClass + 1, INT_MAX})

@@ -75,12 +75,7 @@ TEST(Translation, EscapesSmallWorld) {
 
 TEST(Translation, DictionaryRows) {
   std::string const longText(8191 - 11, 'v');  // the piece "msg['k'] = r'" + text fills the buffer
-  struct Row {
-    char const* what;
-    std::string bytes;
-    std::string result;
-  };
-  Row const rows[] = {
+  std::tuple<char const*, std::string, std::string> const rows[] = {
       {"empty", "", ""},
       {"no marker", "# comment\n\nmsg['a'] = 'b'\n", ""},
       {"an entry", "msg['Open'] = r'Abrir'\n", "{Open=Abrir}"},
@@ -146,13 +141,7 @@ TEST(Translation, Lookup) {
       {const_cast<char*>("Open\\@menu"), const_cast<char*>("a\\@b\xFF")},
       {const_cast<char*>("empty"), const_cast<char*>("")}};
   std::string const longKey(100000, '\xE9');
-  struct Row {
-    char const *what, *locale;
-    std::string key;
-    bool hasTable;
-    std::string text;
-  };
-  Row const rows[] = {
+  std::tuple<char const*, char const*, std::string, bool, std::string> const rows[] = {
       {"no table", "C", "abc", false, "abc"},
       {"only a tail", "C", "\\@x", false, ""},
       {"the last of equals", "C", "Open", true, "last"},

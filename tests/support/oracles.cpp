@@ -125,20 +125,3 @@ std::string test::breakLine(std::string const& text, std::size_t limit, Characte
   }
   return result;
 }
-
-int test::naturalOrder(std::string const& a, std::string const& b) {
-  auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  auto const sign = [](long long n) { return n < 0 ? -1 : n > 0 ? 1 : 0; };
-  for (std::size_t i = 0;; ++i) {
-    char const x = a.c_str()[i], y = b.c_str()[i];
-    if (isDigit(x) && isDigit(y)) {
-      std::string const p = a.substr(i, run(a, i, "0123456789") - i),
-                        q = b.substr(i, run(b, i, "0123456789") - i);
-      bool const isFraction = x == '0' || y == '0';
-      if (!isFraction && p.size() != q.size()) return p.size() < q.size() ? -1 : 1;
-      if (p != q) return sign(p.compare(q));
-    }
-    if (x != y) return sign(static_cast<signed char>(x) - static_cast<signed char>(y));
-    if (x == '\0') return 0;
-  }
-}

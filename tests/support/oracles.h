@@ -26,9 +26,6 @@ std::string fitField(std::string const& text, std::string const& format);
 using CharacterStep = std::function<std::size_t(std::string const& text, std::size_t at)>;
 std::string breakLine(std::string const& text, std::size_t limit, CharacterStep const& step);
 
-/// Natural order, index by index.
-int naturalOrder(std::string const& a, std::string const& b);
-
 }  // namespace test
 
 #endif  // ATR_TESTS_SUPPORT_ORACLES_H
