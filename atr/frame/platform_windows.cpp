@@ -25,8 +25,8 @@ void publishVariable(char* nameAndValue) noexcept { _putenv(nameAndValue); }
 std::FILE* openText(char const* path) noexcept {
   std::FILE* const stream = std::fopen(path, "r");
   struct _stat64 status;
-  if (stream == nullptr || (_fstat64(_fileno(stream), &status) == 0 &&
-                            (status.st_mode & _S_IFMT) == _S_IFREG)) {
+  if (stream == nullptr ||
+      (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)) {
     return stream;
   }
   std::fclose(stream);
@@ -42,9 +42,7 @@ char* readLine(char* line, int size, std::FILE* stream) noexcept {
 Codeset currentCodeset() noexcept { return Codeset::other; }
 
 // The runtime keeps no shift state of its own.
-int characterBytes(char const* text, std::size_t bound) noexcept {
-  return std::mblen(text, bound);
-}
+int characterBytes(char const* text, std::size_t bound) noexcept { return std::mblen(text, bound); }
 
 int decodeCharacter(unsigned int& code, char const* text, std::size_t bound) noexcept {
   wchar_t wide = 0;
