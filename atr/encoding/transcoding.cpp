@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "atr/encoding/encoding_table.h"
+#include "atr/encoding/fast_runs.h"
 #include "atr/encoding/utf8.h"
 #include "atr/encoding/utf8_walk.h"
 #include "atr/frame/platform.h"
@@ -58,13 +59,11 @@ int encodeLocale(unsigned char* out, unsigned int code) {
 // --- UTF-8 ------------------------------------------------------------------------------------
 
 bool validateUtf8(unsigned char const* text) {
-  while (*text != 0) {
-    int const bytes = atr_utf8_len(text);
-    if (bytes == 0) return false;
-    for (int i = 1; i < bytes; ++i) {
-      if (!isContinuation(text[i])) return false;
-    }
-    text += bytes;
+  unsigned char const* const end = text + std::strlen(reinterpret_cast<char const*>(text));
+  while ((text = skipCommonUtf8(text, end)) != end) {
+    int length = 0;
+    if (atr_utf8_to_ucs4(text, &length) == kNoCode) return false;
+    text += length;
   }
   return true;
 }
@@ -107,28 +106,49 @@ EncodingOps const& atr_encoding_row(int encoding) noexcept {
   return row < kRowCount ? kRows[row] : kRows[EncodingNone];
 }
 
+namespace {
+
+// One character by its rows. Answers the bytes of its form, or why there is none.
+int transcodeCharacter(EncodingOps const& to, EncodingOps const& from, TranscodingState& state,
+                       char substitute) {
+  int length = 0;
+  unsigned int const code = from.decode(state.text, &length);
+  if (code == kNoCode) return kUndecodable;
+  state.text += length;
+  int const bytes = to.encode(state.out, code);
+  if (bytes >= 0) return bytes;
+  if (substitute == 0) return kNoForm;
+  if (state.out != nullptr) *state.out = static_cast<unsigned char>(substitute);
+  return 1;
+}
+
+unsigned char const* endOf(unsigned char const* text, unsigned char const* end) noexcept {
+  auto const* const p = reinterpret_cast<char const*>(text);
+  if (end == nullptr) return text + std::strlen(p);
+  auto const* const nul = std::memchr(p, 0, static_cast<std::size_t>(end - text));
+  return nul != nullptr ? static_cast<unsigned char const*>(nul) : end;
+}
+
+}  // namespace
+
 int atr_encoding_transcode(int target, unsigned char* out, int source, unsigned char const* text,
                            unsigned char const* end, char substitute) {
   EncodingOps const& from = atr_encoding_row(source);
   EncodingOps const& to = atr_encoding_row(target);
-  int total = 0;
-  while (text != end && *text != 0) {
-    int length = 0;
-    unsigned int const code = from.decode(text, &length);
-    if (code == kNoCode) return kUndecodable;
-    text += length;
-    int bytes = to.encode(out, code);
-    if (bytes < 0) {
-      if (substitute == 0) return kNoForm;
-      if (out != nullptr) *out = static_cast<unsigned char>(substitute);
-      bytes = 1;
-    }
-    if (bytes > INT_MAX - 1 - total) return kUndecodable;
-    if (out != nullptr) out += bytes;
-    total += bytes;
+  unsigned char const* const textEnd = endOf(text, end);
+  FastRun const fastRun = fastRunBetween(target, source);
+  TranscodingState state = {text, out, 0};
+  while (state.text != textEnd) {
+    if (fastRun != nullptr) fastRun(state, textEnd);
+    if (state.text == textEnd) break;
+    int const bytes = transcodeCharacter(to, from, state, substitute);
+    if (bytes < 0) return bytes;
+    if (state.out != nullptr) state.out += bytes;
+    state.total += static_cast<std::size_t>(bytes);
   }
-  if (out != nullptr) *out = 0;
-  return total;
+  if (state.total >= INT_MAX) return kUndecodable;
+  if (state.out != nullptr) *state.out = 0;
+  return static_cast<int>(state.total);
 }
 
 bool atr_encoding_validate(int encoding, unsigned char const* text) {

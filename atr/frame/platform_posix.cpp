@@ -76,16 +76,16 @@ int decodeCharacter(unsigned int& code, char const* text, std::size_t bound) noe
   return static_cast<int>(bytes);
 }
 
-// The same charsets hold a code back that might combine with the next one; storing a NUL brings it
-// out.
+// The same charsets hold a code back that might combine with the next one, and then give no byte;
+// storing a NUL brings it out.
 int encodeCharacter(char* out, unsigned int code) noexcept {
   std::mbstate_t state{};
   std::size_t bytes = std::wcrtomb(out, static_cast<wchar_t>(code), &state);
   if (bytes == static_cast<std::size_t>(-1)) return -1;
-  if (std::mbsinit(&state) == 0) {
-    std::size_t const rest = std::wcrtomb(out + bytes, L'\0', &state);
-    if (rest == static_cast<std::size_t>(-1)) return -1;
-    bytes += rest - 1;
+  if (bytes == 0) {
+    bytes = std::wcrtomb(out, L'\0', &state);
+    if (bytes == static_cast<std::size_t>(-1)) return -1;
+    --bytes;
   }
   return static_cast<int>(bytes);
 }

@@ -1,7 +1,4 @@
 // The platform layer on 64-bit Windows.
-#define WIN32_LEAN_AND_MEAN
-#include <windows.h>
-// windows.h goes first
 #include <sys/stat.h>
 
 #include <climits>
@@ -22,8 +19,9 @@ char const* const englishLocale = "English_United States.1252";
 
 void publishVariable(char* nameAndValue) noexcept { _putenv(nameAndValue); }
 
+// Text mode by name: a client may have made binary mode the default of the process.
 std::FILE* openText(char const* path) noexcept {
-  std::FILE* const stream = std::fopen(path, "r");
+  std::FILE* const stream = std::fopen(path, "rt");
   struct _stat64 status;
   if (stream == nullptr ||
       (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)) {
@@ -57,24 +55,3 @@ int encodeCharacter(char* out, unsigned int code) noexcept {
 }
 
 }  // namespace atr::platform
-
-namespace {
-
-// A runtime call that is handed a bad argument fails by its result, and does not end the process.
-void ignoreInvalidParameter(wchar_t const*, wchar_t const*, wchar_t const*, unsigned int,
-                            uintptr_t) {}
-
-}  // namespace
-
-// The handler is the library's, which therefore stays loaded once it is. With a runtime that keeps
-// storage per thread, turning thread notifications off is asked for and may be refused.
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
-  if (reason == DLL_PROCESS_ATTACH) {
-    DisableThreadLibraryCalls(module);
-    HMODULE pinned = nullptr;
-    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                       reinterpret_cast<LPCSTR>(&ignoreInvalidParameter), &pinned);
-    _set_invalid_parameter_handler(ignoreInvalidParameter);
-  }
-  return TRUE;
-}

@@ -1,10 +1,11 @@
 // A break takes the place of one white-space byte, so that a folded text is the text itself with
 // some bytes replaced, less a final one at the most. It is folded in place, in a copy made once.
 #include <algorithm>
-#include <cctype>
+#include <cstdint>
 #include <cstring>
 
 #include "atr/frame/character_step.h"
+#include "atr/frame/platform.h"
 #include "atr/layout/test_mode.h"
 #include "atr/layout/word_step.h"
 #include "atr/strings/body_room.h"
@@ -36,9 +37,8 @@ std::size_t asSize(std::ptrdiff_t bytes) noexcept { return static_cast<std::size
 
 }  // namespace
 
-bool atr::isWhiteSpace(char byte) noexcept {
-  return static_cast<signed char>(byte) >= 0 && std::isspace(byte) != 0;
-}
+// The six of every locale.
+bool atr::isWhiteSpace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
 
 int atr_skipTestMarker(char const* p, char const* end) noexcept {
   if (!cache.isFilled) fillCache();
@@ -62,7 +62,47 @@ int atr_wordStep(char const* p, char const* end, int& markerBytes) noexcept {
   return static_cast<int>(p - start);
 }
 
+char const* atr::findLineEnd(char const* line, char const* end, std::size_t limit) noexcept {
+  char const* p = line;
+  int markerBytes = 0;
+  while (asSize(p - line - markerBytes) < limit && p != end) p += atr_wordStep(p, end, markerBytes);
+  return p;
+}
+
 namespace {
+
+// Eight bytes of which none is a blank or a control character: none of them ends a word.
+bool isInsideWord(char const* p) noexcept {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  std::uint64_t word;
+  std::memcpy(&word, p, sizeof word);
+  return ((word - kOnes * (' ' + 1)) & ~word & kOnes << 7) == 0;
+}
+
+}  // namespace
+
+char const* atr::findLineEndByBytes(char const* line, char const* end, std::size_t limit) noexcept {
+  if (asSize(end - line) <= limit) return end;
+  char const* p = line + limit;
+  if (isWhiteSpace(p[-1])) {
+    while (p != end && isWhiteSpace(*p)) ++p;
+  }
+  while (end - p >= 8 && isInsideWord(p)) p += 8;
+  while (p != end && !isWhiteSpace(*p)) ++p;
+  return p;
+}
+
+namespace {
+
+using FindLineEnd = char const* (*)(char const* line, char const* end, std::size_t limit);
+
+// The look at the test mode fixes it for the process, as the first step over a word does.
+FindLineEnd chooseFindLineEnd() noexcept {
+  if (!cache.isFilled) fillCache();
+  return !cache.testing && platform::currentCodeset() != platform::Codeset::other
+             ? findLineEndByBytes
+             : findLineEnd;
+}
 
 struct Folded {
   int length;    // of the folded text
@@ -71,16 +111,12 @@ struct Folded {
 
 // Breaks the `length` bytes at `line`, which are more than `limit`, in place.
 Folded foldLine(char* line, int length, std::size_t limit) noexcept {
+  FindLineEnd const findEnd = chooseFindLineEnd();
   char const* const end = line + length;
   BodyRoom room;
   int position = 0;
   for (;;) {
-    int width = 0;
-    int markerBytes = 0;
-    while (asSize(width - markerBytes) < limit && position + width < length) {
-      width += atr_wordStep(line + position + width, end, markerBytes);
-    }
-    position += width;
+    position = static_cast<int>(findEnd(line + position, end, limit) - line);
     room.growTo(position);
     if (position == length) return {length, room.capacity()};
     bool const isNewline = line[position] == kNewline;

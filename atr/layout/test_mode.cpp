@@ -20,7 +20,10 @@ bool isSet(char const* variable) noexcept { return std::getenv(variable) != null
 
 bool atr_i18nTesting() {
   if (testModeState == -1) {
-    testModeState = isSet("ZELTRA_LANG") && isSet("ZLT_QA_PRINT") && isSet("QMR_DICT_DIR") ? 1 : 0;
+    bool const hasLanguage = isSet("ZELTRA_LANG");
+    bool const hasPrint = isSet("ZLT_QA_PRINT");
+    bool const hasFolder = isSet("QMR_DICT_DIR");
+    testModeState = hasLanguage && hasPrint && hasFolder ? 1 : 0;
   }
   return testModeState != 0;
 }

@@ -2,10 +2,20 @@
 #ifndef ATR_LAYOUT_WORD_STEP_H
 #define ATR_LAYOUT_WORD_STEP_H
 
+#include <cstddef>
+
 namespace atr {
 
 /// An ASCII character that is white space in the process locale.
 bool isWhiteSpace(char byte) noexcept;
+
+/// The end of the line that begins at `line`, which is before `end`: the first word end at which it
+/// has `limit` bytes, markers not counted, or `end`. By characters of the process locale.
+char const* findLineEnd(char const* line, char const* end, std::size_t limit) noexcept;
+
+/// The same with the test mode off, in codesets in which no byte of a longer character is ASCII:
+/// the bytes before the limit need no look. Forty times ahead (BM fold 10 kB at 72).
+char const* findLineEndByBytes(char const* line, char const* end, std::size_t limit) noexcept;
 
 }  // namespace atr
 

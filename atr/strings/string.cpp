@@ -1,13 +1,8 @@
-// What the public string adds to the base, and the ends of both string classes.
+// What the public string adds to the base.
 #include "atr/strings/string.h"
 
 #include <algorithm>
 #include <cstring>
-
-#include "atr/strings/working_string.h"
-
-atr_String::~atr_String() = default;
-atr_StringBasePrv::~atr_StringBasePrv() = default;
 
 namespace {
 
@@ -18,20 +13,21 @@ struct Field {
   int bytes;
 };
 
-char const* fieldEnd(char const* p, char delimiter) noexcept {
-  while (*p != '\0' && *p != delimiter) ++p;
-  return p;
+char const* fieldEnd(char const* p, char const* textEnd, char delimiter) noexcept {
+  void const* const found = std::memchr(p, delimiter, static_cast<std::size_t>(textEnd - p));
+  return found != nullptr ? static_cast<char const*>(found) : textEnd;
 }
 
 // A NUL as delimiter never matches, since the text ends there.
 Field findField(atr_String const& string, int index, char delimiter) noexcept {
   if (index < 0 || string.IsEmpty()) return {nullptr, 0};
   char const* text = string.c_str();
-  char const* end = fieldEnd(text, delimiter);
+  char const* const textEnd = text + std::strlen(text);
+  char const* end = fieldEnd(text, textEnd, delimiter);
   for (; index > 0; --index) {
-    if (*end == '\0') return {nullptr, 0};
+    if (end == textEnd) return {nullptr, 0};
     text = end + 1;
-    end = fieldEnd(text, delimiter);
+    end = fieldEnd(text, textEnd, delimiter);
   }
   return {end != text ? text : nullptr, static_cast<int>(end - text)};
 }

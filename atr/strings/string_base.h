@@ -214,6 +214,7 @@ class atr_StringBase {
   bool isAtRisk(char const* text) const noexcept;
   void splice(int pos, int removed, int inserted);
   int textEnd() const noexcept;
+  void substituteInPlace(int at, atr_StringBase const& from, atr_StringBase const& to, int count);
   atr_StringBase& changeCase(bool toUpper);
   atr_StringBase& changeFirst(bool toUpper);
 };

@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 #include <climits>
+#include <cstdint>
 #include <cstring>
 
 #include "atr/frame/character_step.h"
@@ -34,6 +35,24 @@ int atr_StringBase::Find(char const* text, int pos) const {
   return found != nullptr ? static_cast<int>(found - body) : length;
 }
 
+namespace {
+
+// Back from `p` over words of eight bytes that do not hold `wanted`, staying at `begin` or behind.
+char const* skipBackTo(char wanted, char const* p, char const* begin) noexcept {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  std::uint64_t const pattern = kOnes * static_cast<unsigned char>(wanted);
+  while (p - begin >= 8) {
+    std::uint64_t word;
+    std::memcpy(&word, p - 7, sizeof word);
+    word ^= pattern;
+    if (((word - kOnes) & ~word & kOnes << 7) != 0) break;
+    p -= 8;
+  }
+  return p;
+}
+
+}  // namespace
+
 int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const {
   assert(text != nullptr);
   int const length = lengthOf(*this);
@@ -42,8 +61,10 @@ int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const
   if (wanted == 0) return std::min(lastStart, length - 1);
   int const end = textEnd();
   if (wanted > static_cast<std::size_t>(end)) return length;
-  for (int at = std::min(lastStart, end - static_cast<int>(wanted)); at >= 0; --at) {
-    if (body[at] == text[0] && std::memcmp(body + at, text, wanted) == 0) return at;
+  char const* const last = body + std::min(lastStart, end - static_cast<int>(wanted));
+  for (char const* p = last; p >= body; --p) {
+    p = skipBackTo(text[0], p, body);
+    if (p[0] == text[0] && std::memcmp(p, text, wanted) == 0) return static_cast<int>(p - body);
   }
   return length;
 }
@@ -65,9 +86,27 @@ atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_Strin
   }
   for (; count > 0 && at != lengthOf(*this); --count) {
     replace(at, fromLength, textOf(replacement), toLength, 0, kAll);
+    if (fromLength == toLength) {
+      substituteInPlace(at, pattern, replacement, count - 1);
+      break;
+    }
     at = Find(textOf(pattern), std::max(0, at - fromLength + 1));
   }
   return *this;
+}
+
+// Texts of one length, in a body that this string alone holds: nothing moves. The last replacement
+// was at `at`.
+void atr_StringBase::substituteInPlace(int at, atr_StringBase const& from, atr_StringBase const& to,
+                                       int count) {
+  int const bytes = from.rep->length;
+  char* p = body + at;
+  for (; count > 0; --count) {
+    p = std::max(body, p - bytes + 1);
+    p = bytes == 1 ? std::strchr(p, from.body[0]) : std::strstr(p, from.body);
+    if (p == nullptr) return;
+    std::memcpy(p, to.body, static_cast<std::size_t>(bytes));
+  }
 }
 
 int atr_StringBase::Substr(int pos, int count) const {
@@ -108,6 +147,7 @@ atr_StringBase& atr_StringBase::Trim(char const* set) {
   ByteSet const isIn = byteSet(set);
   isolate(rep->length);
   char* kept = body;
+#pragma GCC unroll 8
   for (char const *p = body, *const end = body + textEnd(); p != end; ++p) {
     *kept = *p;
     kept += isIn[static_cast<unsigned char>(*p)] ? 0 : 1;

@@ -23,8 +23,15 @@ int encode(MessageText const& message, unsigned char* out) noexcept {
                                 kSubstitute);
 }
 
-bool hasHighByte(char const* text, std::size_t bytes) noexcept {
-  return std::any_of(text, text + bytes, [](char c) { return (c & 0x80) != 0; });
+// The key without its tail, as it stands.
+MessageText ownText(char const* key, bool& hasHighByte) noexcept {
+  char const* end = key;
+  unsigned char bytes = 0;
+  for (; *end != '\0' && !(end[0] == kTail[0] && end[1] == kTail[1]); ++end) {
+    bytes = static_cast<unsigned char>(bytes | static_cast<unsigned char>(*end));
+  }
+  hasHighByte = bytes >= 0x80;
+  return {key, static_cast<std::size_t>(end - key), 0};
 }
 
 }  // namespace
@@ -36,12 +43,9 @@ void MessageText::write(char* out) const noexcept {
 MessageText atr_LookupMessage(char const* key) noexcept {
   char const* const translation = atr_trFind(key);
   if (translation != nullptr) return {translation, std::strlen(translation), 0};
-  char const* const tail = std::strstr(key, kTail);
-  MessageText message = {
-      key, tail != nullptr ? static_cast<std::size_t>(tail - key) : std::strlen(key), 0};
-  if (hasHighByte(message.text, message.bytes)) {
-    message.encodedBytes = std::max(encode(message, nullptr), 0);
-  }
+  bool hasHighByte = false;
+  MessageText message = ownText(key, hasHighByte);
+  if (hasHighByte) message.encodedBytes = std::max(encode(message, nullptr), 0);
   return message;
 }
 

@@ -1,0 +1,38 @@
+// Runs of characters that the transcoding loop may pass by without its rows, for encodings known by
+// name. Each gives what the loop gives, and stops at the first character that it leaves to it.
+#ifndef ATR_ENCODING_FAST_RUNS_H
+#define ATR_ENCODING_FAST_RUNS_H
+
+#include <cstddef>
+
+namespace atr {
+
+/// Where the loop stands.
+struct TranscodingState {
+  unsigned char const* text;  // next byte to read
+  unsigned char* out;         // next byte to write; null while measuring
+  std::size_t total;          // bytes of output
+};
+
+/// Moves `state` over as many characters before `end` as it is sure of.
+using FastRun = void (*)(TranscodingState& state, unsigned char const* end);
+
+/// The run between two encodings in the locale in force, or null if there is none.
+FastRun fastRunBetween(int target, int source) noexcept;
+
+/// UTF-8 to UTF-8: shortest forms without surrogates, up to U+10FFFF.
+void copyUtf8(TranscodingState& state, unsigned char const* end);
+
+/// UTF-8 to codes of one byte.
+void narrowUtf8(TranscodingState& state, unsigned char const* end);
+
+/// Codes of one byte to UTF-8.
+void widenToUtf8(TranscodingState& state, unsigned char const* end);
+
+/// Where [p, end) stops being UTF-8 of up to three bytes a character, in the wide form: at `end`,
+/// or at a character that has to be looked at one by one.
+unsigned char const* skipCommonUtf8(unsigned char const* p, unsigned char const* end) noexcept;
+
+}  // namespace atr
+
+#endif  // ATR_ENCODING_FAST_RUNS_H

@@ -1,0 +1,196 @@
+// Strings and the pool beside std::string, shared_ptr, fmt, ICU and the allocators.
+#include <atr/atr.h>
+#include <fmt/printf.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <memory>
+#include <memory_resource>
+
+#include "bench.h"
+
+using namespace bench;
+
+namespace {
+
+std::string const text100(100, 'x');
+std::string const text10k = repeat(kAscii, 10000);
+
+void sharing() {
+  static atr_String const s(text100.c_str());
+  static std::string const other = text100;
+  static auto const shared = std::make_shared<std::string>(text100);
+  ours("copy and destroy", [] {
+    atr_String copy(s);
+    DoNotOptimize(copy);
+  });
+  side("copy and destroy", "std::string 100 B", 8, [] {
+    std::string copy(other);
+    DoNotOptimize(copy);
+  });
+  side("copy and destroy", "shared_ptr<string>", 0.85, [] {
+    auto copy = shared;
+    DoNotOptimize(copy);
+  });
+}
+
+void making() {
+  for (auto const& [bytes, goal] : {std::pair(30, 1.0), {200, 0.85}, {1000, 0.7}}) {
+    std::string const source(static_cast<std::size_t>(bytes), 'y');
+    std::string const name = "construct " + std::to_string(bytes) + " B";
+    ours(name, [source] {
+      atr_String made(source.c_str());
+      DoNotOptimize(made);
+    });
+    side(name, "std::string", goal, [source] {
+      std::string made(source.c_str());
+      DoNotOptimize(made);
+    });
+  }
+  static std::string const half(30, 'h');
+  static atr_String const mine(half.c_str());
+  ours("operator+ 30 B", [] {
+    atr_String sum = mine + mine;
+    DoNotOptimize(sum);
+  });
+  side("operator+ 30 B", "std::string", 1.2, [] {
+    std::string sum = half + half;
+    DoNotOptimize(sum);
+  });
+  static atr_String const whole(text100.c_str());
+  ours("Substr 50 B", [] {
+    atr_String part = whole.Substr(20, 50);
+    DoNotOptimize(part);
+  });
+  side("Substr 50 B", "std::string", 1, [] {
+    std::string part = text100.substr(20, 50);
+    DoNotOptimize(part);
+  });
+  static std::string const fields =
+      "alpha,beta,gamma,delta,epsilon,zeta,eta,theta,iota,kappa,lambda,mu";
+  static atr_String const row(fields.c_str());
+  ours("extract field 6 of 12", [] {
+    atr_String field = row.extract(6, ',');
+    DoNotOptimize(field);
+  });
+  side("extract field 6 of 12", "find loop", 1.3, [] {
+    std::size_t at = 0;
+    for (int i = 0; i < 6; ++i) at = fields.find(',', at) + 1;
+    std::string field = fields.substr(at, fields.find(',', at) - at);
+    DoNotOptimize(field);
+  });
+  static double value = 12345.6789;
+  ours("string from double", [] {
+    DoNotOptimize(value);
+    atr_String made(value);
+    DoNotOptimize(made);
+  });
+  side("string from double", "fmt %.15g", 1, [] {
+    DoNotOptimize(value);
+    std::string made = fmt::sprintf("%.15g", value);
+    DoNotOptimize(made);
+  });
+}
+
+void searching() {
+  static std::string const hay = text10k + "needle";
+  static atr_String const mine(hay.c_str());
+  static std::string const back = "needle" + text10k;
+  static atr_String const mineBack(back.c_str());
+  ours("Find in 10 kB", [] { DoNotOptimize(mine.Find("needle", 0)); });
+  side("Find in 10 kB", "strstr", 1, [] { DoNotOptimize(std::strstr(hay.c_str(), "needle")); });
+  ours("rfind in 10 kB", [] { DoNotOptimize(mineBack.rfind("needle", 6, 1 << 30)); });
+  side("rfind in 10 kB", "std::string", 1, [] { DoNotOptimize(back.rfind("needle")); });
+  static std::string const many = repeat(std::string(48, 'a') + "/x", 10000);
+  static atr_String const mineMany(many.c_str());
+  static atr_String const from("/"), to("\\");
+  ours("Substitute 200 in 10 kB", [] {
+    atr_String s(mineMany);
+    s.Substitute(from, to, 0x7fffffff);
+    DoNotOptimize(s);
+  });
+  side("Substitute 200 in 10 kB", "std::string", 1, [] {
+    std::string s(many);
+    for (auto at = s.find("/"); at != s.npos; at = s.find("/", at + 1)) s.replace(at, 1, "\\");
+    DoNotOptimize(s);
+  });
+}
+
+void wholeTexts() {
+  for (auto const& [what, source] :
+       {std::pair("ASCII", text10k), {"UTF-8", repeat(kLatin, 10000)}}) {
+    std::string const name = std::string("ToUpper 10 kB ") + what;
+    ours(name, [source = source] {
+      atr_String s(source.c_str());
+      s.ToUpper();
+      DoNotOptimize(s);
+    });
+    side(name, "byte loop", 1.5, [source = source] {
+      std::string s(source);
+      for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+      DoNotOptimize(s);
+    });
+    side(name, "ICU", 20, [source = source] {
+      std::string s;
+      icu::UnicodeString::fromUTF8(source).toUpper().toUTF8String(s);
+      DoNotOptimize(s);
+    });
+  }
+  ours("Trim 10 kB", [] {
+    atr_String s(text10k.c_str());
+    s.Trim(" ");
+    DoNotOptimize(s);
+  });
+  side("Trim 10 kB", "erase_if", 2, [] {
+    std::string s(text10k);
+    std::erase(s, ' ');
+    DoNotOptimize(s);
+  });
+}
+
+// 256 slots, one of which is released and taken again at random.
+template <class Take, class Give>
+void churn(std::vector<void*>& slots, std::mt19937& random, Take take, Give give) {
+  for (int i = 0; i < 100; ++i) {
+    auto const at = random() % slots.size();
+    int const c = static_cast<int>(at % 4);
+    if (slots[at] != nullptr) give(slots[at], c);
+    slots[at] = take(c);
+  }
+}
+
+void pools() {
+  static std::vector<void*> mine(1500), libc(1500), std_(1500);
+  static std::mt19937 random(1);
+  static atr_Allocator pool(16, 3, 65536);
+  static std::pmr::unsynchronized_pool_resource resource;
+  auto const bytes = [](int c) { return static_cast<std::size_t>(16 * (c + 1)); };
+  ours("pool, 100 random", [] {
+    churn(
+        mine, random, [](int c) { return pool.Allocate(c); },
+        [](void* p, int c) { pool.Release(p, c); });
+  });
+  side("pool, 100 random", "malloc", 1.5, [bytes] {
+    churn(
+        libc, random, [=](int c) { return std::malloc(bytes(c)); },
+        [](void* p, int) { std::free(p); });
+  });
+  side("pool, 100 random", "pmr pool", 2, [bytes] {
+    churn(
+        std_, random, [=](int c) { return resource.allocate(bytes(c), 4); },
+        [=](void* p, int c) { resource.deallocate(p, bytes(c), 4); });
+  });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::setlocale(LC_ALL, "C.UTF-8");
+  sharing();
+  making();
+  searching();
+  wholeTexts();
+  pools();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
