@@ -139,36 +139,3 @@ TEST(Pool, Steps) {
   pool.Release(nullptr, 0);
   EXPECT_EQ(allocations().freed, freed + 2);
 }
-
-// Blocks full of a pattern of their own, taken, grown and released at random.
-TEST(Pool, Twin) {
-  std::mt19937 random(1);
-  atr_Allocator pool(12, 5, 2000);
-  std::map<unsigned char*, int> blocks;
-  auto const bytes = [](int c) { return static_cast<std::size_t>(12 * (c + 1)); };
-  auto const fill = [&](unsigned char* p, int c) {
-    std::memset(p, static_cast<int>(reinterpret_cast<std::uintptr_t>(p) % 251), bytes(c));
-  };
-  for (int step = 0; step < 30000; ++step) {
-    int const c = static_cast<int>(random() % 6);
-    if (random() % 9 < 5) {
-      auto* const p = static_cast<unsigned char*>(pool.Allocate(c));
-      auto const next = blocks.lower_bound(p);
-      ASSERT_TRUE(next == blocks.end() || p + bytes(c) <= next->first);
-      ASSERT_TRUE(next == blocks.begin() ||
-                  std::prev(next)->first + bytes(std::prev(next)->second) <= p);
-      fill(p, blocks[p] = c);
-    } else if (!blocks.empty()) {
-      auto const at = std::next(blocks.begin(), static_cast<long>(random() % blocks.size()));
-      for (std::size_t i = 0; i < bytes(at->second); ++i) {
-        ASSERT_EQ(at->first[i], reinterpret_cast<std::uintptr_t>(at->first) % 251);
-      }
-      if (pool.Extend(at->first, at->second, c)) {
-        fill(at->first, at->second = c);
-      } else {
-        pool.Release(at->first, at->second);
-        blocks.erase(at);
-      }
-    }
-  }
-}

@@ -5,19 +5,12 @@
 
 #include "atr/atr.h"
 #include "atr/strings/body_room.h"
-#include "support/oracles.h"
 #include "support/support.h"
 
 using namespace test;
 using namespace std::string_literals;
 
 namespace {
-
-std::size_t byMblen(std::string const& text, std::size_t at) {
-  std::mblen(nullptr, 0);
-  int const bytes = std::mblen(text.c_str() + at, 4);
-  return bytes > 1 ? static_cast<std::size_t>(bytes) : 1;
-}
 
 struct Text : atr_String {
   using atr_String::atr_String;
@@ -27,46 +20,7 @@ struct Text : atr_String {
 
 std::string textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
 
-std::string addLineBreaks(std::string const& text, std::size_t limit) {
-  std::string result;
-  for (std::size_t at = 0, end = 0; at < text.size(); at = end) {
-    end = std::min(text.size(), text.find('\n', at)) + 1;
-    result += breakLine(text.substr(at, end - at), limit, byMblen);
-  }
-  return result;
-}
-
 }  // namespace
-
-TEST(Layout, SmallWorld) {
-  for (char const* const name : allLocales()) {
-    Locale const locale(name);
-    forEachText("a \n\x83\x5C", 6, [](char const* p, char const* end) {
-      std::string const text(p, end);
-      atr_String const s(p, static_cast<int>(end - p));
-      for (std::size_t limit = 1; limit < 5; ++limit) {
-        atr_String const line = atr_String::BreakLineString(s, limit);
-        ASSERT_EQ(textOf(line), breakLine(text, limit, byMblen)) << text << limit;
-        ASSERT_EQ(line.c_str() == s.c_str(), text.size() <= limit);
-        ASSERT_EQ(textOf(atr_String::AddLineBreaks(s, limit, false)), addLineBreaks(text, limit))
-            << text << limit;
-        bool const isKept = text.find('\n') != text.npos || text.size() <= limit;
-        atr_String const kept = atr_String::AddLineBreaks(s, limit, true);
-        ASSERT_EQ(textOf(kept), isKept ? text : breakLine(text, limit, byMblen));
-        ASSERT_EQ(kept.c_str() == s.c_str(), isKept);
-      }
-      ASSERT_EQ(textOf(atr_String::AddLineBreaks(s, 0, false)), addLineBreaks(text, 1));
-    });
-  }
-}
-
-TEST(Layout, BytesThatEndNothing) {
-  for (std::string const& text : {"a\0b c\0 d"s, "\xE9 \xE9 \xE9"s, "aa \x83\x83"s, "\0\0\0\0"s}) {
-    atr_String const s(text.c_str(), static_cast<int>(text.size()));
-    EXPECT_EQ(textOf(atr_String::BreakLineString(s, 2)),
-              breakLine(text, 2, [](auto&, auto) { return 1; }));
-  }
-}
 
 // The room of a folded text is what appending it line by line comes to.
 TEST(Layout, RoomOfTheResult) {

@@ -4,25 +4,6 @@
 
 using namespace test;
 
-// Whatever texts there are: the order is total, and each of two texts is on its side of the other.
-TEST(Natural, Laws) {
-  std::vector<std::string> texts;
-  forEachText("0129a\xE9", 3, [&](char const* p, char const*) { texts.emplace_back(p); });
-  auto const order = [&](std::size_t i, std::size_t j) {
-    return strnatcmp(texts[i].c_str(), texts[j].c_str());
-  };
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    for (std::size_t j = 0; j < texts.size(); ++j) {
-      ASSERT_EQ(order(i, j), -order(j, i)) << texts[i] << ' ' << texts[j];
-      ASSERT_EQ(order(i, j) == 0, i == j);
-      for (std::size_t k = 0; k < texts.size() && order(i, j) < 0; k += 3) {
-        ASSERT_TRUE(order(j, k) >= 0 || order(i, k) < 0)
-            << texts[i] << ' ' << texts[j] << ' ' << texts[k];
-      }
-    }
-  }
-}
-
 TEST(Natural, Rows) {
   char const* const rising[][12] = {
       {"A", "a b", "a b01", "a b1", "a b9", "a b10", "a b100", "file2", "file10", "file10a", "x12y",

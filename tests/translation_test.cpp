@@ -11,7 +11,6 @@
 #include "atr/translation/message_lookup.h"
 #include "atr/translation/translation_table.h"
 #include "support/allocation_watch.h"
-#include "support/oracles.h"
 #include "support/support.h"
 
 using namespace test;
@@ -57,21 +56,6 @@ void setTranslated(std::string const& file, char const* locale) {
 }
 
 }  // namespace
-
-TEST(Translation, EscapesSmallWorld) {
-  forEachText("\\x0789fgn\xE9", 6, [](char* p, char const*) {
-    std::string const text(p);
-    std::string const expected = decodeEscapes(text);
-    atr_trDecodeEscapes(p);
-    ASSERT_EQ(p, expected) << text;
-  });
-  char all[] = "\\\"\\'\\\\\\a\\b\\f\\n\\r\\t\\v\\@\\101\\777\\x0041\\xfE\\x141\\q\\n\\";
-  atr_trDecodeEscapes(all);
-  EXPECT_STREQ(all,
-               "\"'\\\a\b\f\n\r\t\v\\@A\xFF"
-               "A\xFE"
-               "A\\q\n\\");
-}
 
 TEST(Translation, DictionaryRows) {
   std::string const longText(8191 - 11, 'v');  // the piece "msg['k'] = r'" + text fills the buffer
@@ -276,19 +260,18 @@ TEST(Translation, BuildWithoutMemory) {
   auto const run = [] {
     TempFile const file("memory.py", "['a'] = r'1'\n['b'] = r'2'\n");
     setTranslated("memory.py", "C");
-    EXPECT_GT(failEach([](int k) {
-                failAllocation(k);
-                try {
-                  atr_trBuildDB();
-                } catch (std::bad_alloc const&) {
-                  EXPECT_EQ(atr_trTable.count, 0);
-                  throw;
-                }
-                EXPECT_EQ(table(), "{a=1}{b=2}");
-                atr_trReleaseDB();
-              }),
-              2);
-    EXPECT_EQ(mem_status().blocksInUse, 0);
+    int const blocks = failEach([](int k) {
+      failAllocation(k);
+      try {
+        atr_trBuildDB();
+      } catch (std::bad_alloc const&) {
+        EXPECT_EQ(atr_trTable.count, 0);
+      }
+      EXPECT_TRUE(hasFailed() || table() == "{a=1}{b=2}");
+      atr_trReleaseDB();
+      EXPECT_EQ(mem_status().blocksInUse, 0);
+    });
+    EXPECT_GE(blocks, 8);
   };
   EXPECT_FRESH("", run());
 }

@@ -7,29 +7,43 @@ namespace {
 
 test::Allocations watched = {0, 0, 0};
 int failAfter = -1;
+bool hasStruck = false;
+
+bool strikes() noexcept {
+  if (failAfter < 0 || failAfter-- > 0) return false;
+  return hasStruck = true;
+}
 
 }  // namespace
 
 test::Allocations test::allocations() noexcept { return watched; }
 
-void test::failAllocation(int others) noexcept { failAfter = others; }
+void test::failAllocation(int others) noexcept { failAfter = others, hasStruck = false; }
 
-void* operator new(std::size_t bytes) {
-  if (failAfter >= 0 && failAfter-- == 0) throw std::bad_alloc();
+bool test::hasFailed() noexcept { return failAfter = -1, hasStruck; }
+
+// The linker puts these in the place of the C allocator's calls (--wrap).
+extern "C" {
+void* __real_malloc(std::size_t bytes);
+void* __real_calloc(std::size_t count, std::size_t bytes);
+void* __wrap_malloc(std::size_t bytes) { return strikes() ? nullptr : __real_malloc(bytes); }
+void* __wrap_calloc(std::size_t count, std::size_t bytes) {
+  return strikes() ? nullptr : __real_calloc(count, bytes);
+}
+}
+
+void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept {
   void* const block = std::malloc(bytes > 0 ? bytes : 1);
-  if (block == nullptr) throw std::bad_alloc();
+  if (block == nullptr) return nullptr;
   std::memset(block, 0xA5, bytes);
   ++watched.taken;
   watched.lastBytes = bytes;
   return block;
 }
 
-void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept {
-  try {
-    return operator new(bytes);
-  } catch (std::bad_alloc const&) {
-    return nullptr;
-  }
+void* operator new(std::size_t bytes) {
+  void* const block = operator new(bytes, std::nothrow);
+  return block != nullptr ? block : throw std::bad_alloc();
 }
 
 void operator delete(void* block) noexcept {

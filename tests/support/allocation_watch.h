@@ -1,4 +1,5 @@
-// The global operator new of a test program: it counts, can fail, and fills what it hands out.
+// The allocators of a test program: the global operator new counts and fills what it hands out, and
+// the C allocator, which both families of the library stand on, can be made to fail.
 #ifndef ATR_TESTS_SUPPORT_ALLOCATION_WATCH_H
 #define ATR_TESTS_SUPPORT_ALLOCATION_WATCH_H
 
@@ -16,25 +17,26 @@ struct Allocations {
 /// What operator new and delete did since the program began.
 Allocations allocations() noexcept;
 
-/// Fails one allocation, the one that comes after `others`; negative fails none.
+/// Fails one allocation of malloc, calloc or operator new, the one that comes after `others`.
 void failAllocation(int others) noexcept;
 
-/// Calls work(k) for k from 0 until it gets through. `work` makes its objects, calls
+/// Fails no more. @return true if the failure has struck.
+bool hasFailed() noexcept;
+
+/// Calls work(k) for k from 0 until nothing is left to fail. `work` makes its objects, calls
 /// failAllocation(k), and then does what is tested.
 /// @return how many allocations there were to fail, or -1 if blocks were lost or freed twice.
 template <class Work>
 int failEach(Work work) {
   for (int k = 0;; ++k) {
     int const before = allocations().taken - allocations().freed;
-    bool hasFailed = false;
     try {
       work(k);
     } catch (std::bad_alloc const&) {
-      hasFailed = true;
     }
-    failAllocation(-1);
+    bool const isDone = !hasFailed();
     if (allocations().taken - allocations().freed != before) return -1;
-    if (!hasFailed) return k;
+    if (isDone) return k;
   }
 }
 
