@@ -11,6 +11,7 @@
 #include "support/support.h"
 
 using namespace test;
+using namespace std::string_literals;
 
 namespace {
 
@@ -77,6 +78,7 @@ Operation const kOperations[] = {
     {"append nothing", true, OP(s.append("", 0, 0, kAll), m += "")},
     {"append long", true, OP(s.Append(kLong), m.append(260, 'q'))},
     {"append itself", true, OP(s.Append(s), m += std::string(m))},
+    {"append beyond itself", true, OP(s.append(s.c_str(), len(s) + 1, 0, kAll), m += m + "\0"s)},
     {"Erase", true, OP(s.Erase(1, 3), m.erase(one(m), 3))},
     {"Erase all", true, OP(s.Erase(0, kAll), m.clear())},
     {"Erase nothing", true, OP(s.Erase(kAll, 5), m += "")},

@@ -3,6 +3,8 @@
 #ifndef ATR_FORMAT_SUBSTITUTE_FORMAT_H
 #define ATR_FORMAT_SUBSTITUTE_FORMAT_H
 
+#include <cstddef>
+
 #include "atr/format/translate.h"
 #include "atr/frame/export.h"
 #include "atr/strings/string_base.h"
@@ -35,6 +37,11 @@ inline void atr_SubstituteFormat(atr_translate& message, int position, long valu
 }
 inline void atr_SubstituteFormat(atr_translate& message, int position, unsigned long value) {
   atr_SubstituteFormat(message, position, static_cast<unsigned long long>(value));
+}
+
+/// A literal nullptr is a null text.
+inline void atr_SubstituteFormat(atr_translate& message, int position, std::nullptr_t) {
+  atr_SubstituteFormat(message, position, static_cast<char const*>(nullptr));
 }
 
 #endif  // ATR_FORMAT_SUBSTITUTE_FORMAT_H

@@ -3,6 +3,7 @@
 #ifndef ATR_FRAME_EXPORT_H
 #define ATR_FRAME_EXPORT_H
 
+/// Marks a function, a member or a datum that clients link to.
 #if defined(ATR_STATIC)
 #define ATR_API
 #elif defined(_WIN32)

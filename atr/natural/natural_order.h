@@ -15,6 +15,8 @@ ATR_API int strnatcmp(char const* a, char const* b);
 /// it. Each real start sets it: to 0 if ZLT_USE_NATURAL_ORDER_SORT is in the environment, whatever
 /// its value, else to 1.
 ATR_API void atr_setNaturalOrder(int value);
+
+/// The value last set, 0 before the first start.
 ATR_API int atr_getNaturalOrder();
 
 #endif  // ATR_NATURAL_NATURAL_ORDER_H

@@ -57,6 +57,7 @@ class atr_String : public atr_StringBase {
 
   /// Bytes of text.
   std::size_t length() const noexcept { return static_cast<std::size_t>(lengthOf(*this)); }
+  /// True for a text of no bytes, with a representation or without.
   bool IsEmpty() const noexcept { return length() == 0; }
   /// The text, never null; borrowed until the string next changes.
   char const* c_str() const noexcept { return textOf(*this); }

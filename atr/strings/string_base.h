@@ -160,28 +160,33 @@ class atr_StringBase {
   /// `count`, negative for a `pos` beyond the length.
   ATR_API int Substr(int pos, int count) const;
 
-  /// Removes leading, trailing or all bytes that are in `set`, up to the first NUL. Trim is a
-  /// filter: it removes them in the middle too, and always writes.
-  /// @pre `set` is not null.
+  /// Removes the leading bytes that are in `set`. Nothing is written if there are none.
+  /// @pre `set` is not null; so too below.
   ATR_API atr_StringBase& LeftTrim(char const* set);
+  /// Removes the trailing bytes that are in `set`. Nothing is written if there are none.
   ATR_API atr_StringBase& RightTrim(char const* set);
+  /// Removes every byte that is in `set`, in the middle too, up to the first NUL. Always writes.
   ATR_API atr_StringBase& Trim(char const* set);
 
-  /// Change single-byte letters by plus or minus 32, up to the first NUL. Letters and characters
-  /// are the process locale's; a character of several bytes is never changed. Nothing is written if
-  /// nothing changes.
+  /// Changes single-byte capitals to small letters by adding 32, up to the first NUL. What is a
+  /// letter and what a character is the process locale's matter; a character of several bytes is
+  /// never changed. Nothing is written if nothing changes.
   ATR_API atr_StringBase& ToLower();
+  /// The same from small letters to capitals, by taking 32 away.
   ATR_API atr_StringBase& ToUpper();
+  /// The first character of the text as by ToUpper.
   ATR_API atr_StringBase& Capitalize();
+  /// The first character of the text as by ToLower.
   ATR_API atr_StringBase& Uncapitalize();
 
   /// Reverses the bytes, those of a multi-byte character like any others. Always writes.
   ATR_API atr_StringBase& Reverse();
 
-  /// The reading rule: what any string reads as.
+  /// The text of any string, by the reading rule: the body, or atr_emptyText without one.
   static char const* textOf(atr_StringBase const& string) noexcept {
     return string.rep != nullptr ? string.body : atr_emptyText;
   }
+  /// Bytes of text of any string, likewise.
   static int lengthOf(atr_StringBase const& string) noexcept {
     return string.rep != nullptr ? string.rep->length : 0;
   }

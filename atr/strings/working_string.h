@@ -18,24 +18,29 @@ class atr_StringBasePrv : public atr_StringBase {
   /// Shares the representation of `other`, a string of any kind.
   atr_StringBasePrv(atr_StringBase const& other) noexcept : atr_StringBase(other) {}
   atr_StringBasePrv(atr_StringBasePrv const& other) noexcept = default;
+  /// Takes the representation of `other`, which is left empty.
   atr_StringBasePrv(atr_StringBasePrv&& other) noexcept : atr_StringBase() { exchangeWith(other); }
   /// A copy of `text`. @pre `text` is not null.
   atr_StringBasePrv(char const* text) : atr_StringBase(text) {}
 
   ATR_API ~atr_StringBasePrv();
 
+  /// Takes a copy of `text`; null counts as empty.
   atr_StringBasePrv& operator=(char const* text) {
     atr_StringBase::operator=(text);
     return *this;
   }
+  /// Shares the representation of `other`, a string of any kind.
   atr_StringBasePrv& operator=(atr_StringBase const& other) {
     atr_StringBase::operator=(other);
     return *this;
   }
+  /// Shares the representation of `other`.
   atr_StringBasePrv& operator=(atr_StringBasePrv const& other) {
     atr_StringBase::operator=(other);
     return *this;
   }
+  /// Takes the representation of `other`, which is left empty unless it is this string.
   atr_StringBasePrv& operator=(atr_StringBasePrv&& other) noexcept {
     atr_StringBasePrv taken(static_cast<atr_StringBasePrv&&>(other));
     exchangeWith(taken);
@@ -58,7 +63,9 @@ class atr_StringBasePrv : public atr_StringBase {
     append(text, narrowed(std::strlen(text)), 0, narrowed(count));
     return *this;
   }
+  /// As Append, with all of the text.
   atr_StringBasePrv& operator+=(atr_StringBase const& other) { return Append(other); }
+  /// As Append, with all of the text.
   atr_StringBasePrv& operator+=(char const* text) { return Append(text, kAll); }
 
   /// -1, 0 or 1, comparing unsigned bytes up to the first NUL. @pre `text` is not null.
@@ -71,6 +78,7 @@ class atr_StringBasePrv : public atr_StringBase {
     Erase(0, kAll);
     return *this;
   }
+  /// The base's RightTrim.
   atr_StringBasePrv& RightTrim(char const* set) {
     atr_StringBase::RightTrim(set);
     return *this;

@@ -231,7 +231,7 @@ void encodings(std::string_view bytes) {
     char const substitute = pair < 16 ? '?' : '\0';
     std::string expected;
     int result = 0;
-    for (auto const* p = start; *p != 0 && result >= 0;) {  // a character at a time, by its rows
+    for (auto const* p = start; result >= 0 && *p != 0;) {  // a character at a time, by its rows
       int length = 0;
       char form[64];
       unsigned const code = atr_encoding_row(source).decode(p, &length);

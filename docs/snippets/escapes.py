@@ -1,0 +1,5 @@
+msg['names'] = r'\"\'\\\a\b\f\n\r\t\v'
+msg['octal'] = r'\1\12\101\1012\501'
+msg['hex'] = r'\x9\x41\x0041\x141'
+msg['none'] = r'\@\q\x\8'
+msg['a\tkey'] = r'\101\x42'

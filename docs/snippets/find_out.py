@@ -1,0 +1,1 @@
+msg['Open'] = r'Auf'

@@ -1,0 +1,4 @@
+msg['%d files in %s'] = r'Ordner %2$s, %1$d Dateien'
+msg['%d of all files in %s'] = r'Dateien aus %2$s'
+msg['%s costs %.2f'] = r'%2$8.2f kostet %1$s'
+msg['%d%% done'] = r'%d%% fertig'
