@@ -124,7 +124,8 @@ void copyUtf8(TranscodingState& state, unsigned char const* end) {
 
 namespace {
 
-// A whole word is stored only where all of it is output.
+// A whole word is stored only where all of it is output. Overlong pairs are for the loop: UTF-8 as a
+// row takes them, as a locale it does not.
 template <bool isWriting>
 void narrow(TranscodingState& state, unsigned char const* end) noexcept {
   unsigned char const* p = state.text;
@@ -138,7 +139,7 @@ void narrow(TranscodingState& state, unsigned char const* end) noexcept {
     for (; p != end && *p < 0x80; ++p) {
       if constexpr (isWriting) *out++ = *p;
     }
-    if (end - p < 2 || !isPair(p) || p[0] > 0xC3) break;
+    if (end - p < 2 || !isPair(p) || p[0] < 0xC2 || p[0] > 0xC3) break;
     if constexpr (isWriting) *out++ = static_cast<unsigned char>(p[0] << 6 | (p[1] & 0x3F));
     p += 2;
     ++pairs;

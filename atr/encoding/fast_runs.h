@@ -23,7 +23,7 @@ FastRun fastRunBetween(int target, int source) noexcept;
 /// UTF-8 to UTF-8: shortest forms without surrogates, up to U+10FFFF.
 void copyUtf8(TranscodingState& state, unsigned char const* end);
 
-/// UTF-8 to codes of one byte.
+/// UTF-8 to codes of one byte, by shortest forms.
 void narrowUtf8(TranscodingState& state, unsigned char const* end);
 
 /// Codes of one byte to UTF-8.
