@@ -216,6 +216,7 @@ TEST(Translation, LocaleAndSearch) {
                search(true, own + sep + "b" + sep + sep + "x" + sep + "d.py"));
   EXPECT_FRESH("", set("1", "x/d.py", in("a").c_str(), all.c_str()); search(true, found));
   EXPECT_FRESH("", set("1", ".", in("a").c_str(), nullptr); search(true, ""));
+  EXPECT_FRESH("", set("1", "zero", "/dev", nullptr); search(true, ""));  // a device never ends
   EXPECT_FRESH("", set(nullptr, "x/d.py", all.c_str(), in("d").c_str());
                search(false, own + sep + "d" + sep + "Configuration" + sep + "Xresources" + sep +
                                  "en_US" + sep + "en_US_Dict.py"));

@@ -124,8 +124,8 @@ void copyUtf8(TranscodingState& state, unsigned char const* end) {
 
 namespace {
 
-// A whole word is stored only where all of it is output. Overlong pairs are for the loop: UTF-8 as a
-// row takes them, as a locale it does not.
+// A whole word is stored only where all of it is output. Overlong pairs are for the loop: UTF-8 as
+// a row takes them, as a locale it does not.
 template <bool isWriting>
 void narrow(TranscodingState& state, unsigned char const* end) noexcept {
   unsigned char const* p = state.text;

@@ -3,7 +3,7 @@
 #define ATR_FORMAT_TEMPLATE_SCAN_H
 
 #include <climits>
-#include <cstring>
+#include <cstddef>
 
 namespace atr {
 
@@ -59,12 +59,9 @@ struct Conversion {
 template <class Sink>
 void scanTemplate(char const* p, char const* end, Sink& sink) {
   char const* pending = p;
-  auto const untilPercent = [end](char const* from) noexcept {
-    auto const* const found =
-        static_cast<char const*>(std::memchr(from, '%', static_cast<std::size_t>(end - from)));
-    return found != nullptr ? found : end;
-  };
-  while ((p = untilPercent(p)) != end) {
+  for (;;) {
+    while (p != end && *p != '%') ++p;
+    if (p == end) break;
     sink.text(pending, p);
     pending = ++p;
     if (p == end) return;
@@ -94,14 +91,12 @@ void scanTemplate(char const* p, char const* end, Sink& sink) {
 /// The counting pass: an upper bound of the conversions in [p, end).
 inline std::size_t countPercents(char const* p, char const* end) noexcept {
   std::size_t count = 0;
-  while (end - p >= 2) {
-    p = static_cast<char const*>(std::memchr(p, '%', static_cast<std::size_t>(end - p - 1)));
-    if (p == nullptr) break;
+  for (; end - p >= 2; ++p) {
+    if (p[0] != '%') continue;
     if (p[1] == '%') {
-      p += 2;
+      ++p;
     } else {
       ++count;
-      ++p;
     }
   }
   return count;

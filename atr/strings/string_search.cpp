@@ -2,6 +2,7 @@
 // they work on bytes.
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cassert>
 #include <climits>
 #include <cstdint>
@@ -37,16 +38,20 @@ int atr_StringBase::Find(char const* text, int pos) const {
 
 namespace {
 
-// Back from `p` over words of eight bytes that do not hold `wanted`, staying at `begin` or behind.
+// Back from `p`, a word of eight bytes at a time, towards the last `wanted` in [begin, p]; stops at
+// it, or less than a word from `begin`.
 char const* skipBackTo(char wanted, char const* p, char const* begin) noexcept {
-  constexpr std::uint64_t kOnes = 0x0101010101010101;
-  std::uint64_t const pattern = kOnes * static_cast<unsigned char>(wanted);
-  while (p - begin >= 8) {
+  constexpr std::uint64_t kLow7 = 0x7F7F7F7F7F7F7F7F;
+  std::uint64_t const pattern = kLow7 / 0x7F * static_cast<unsigned char>(wanted);
+  for (; p - begin >= 8; p -= 8) {
     std::uint64_t word;
     std::memcpy(&word, p - 7, sizeof word);
     word ^= pattern;
-    if (((word - kOnes) & ~word & kOnes << 7) != 0) break;
-    p -= 8;
+    std::uint64_t const found =
+        ~(((word & kLow7) + kLow7) | word | kLow7);  // high bits of zero bytes
+    if (found == 0) continue;
+    if constexpr (std::endian::native == std::endian::little) p -= std::countl_zero(found) / 8;
+    break;
   }
   return p;
 }
@@ -147,7 +152,6 @@ atr_StringBase& atr_StringBase::Trim(char const* set) {
   ByteSet const isIn = byteSet(set);
   isolate(rep->length);
   char* kept = body;
-#pragma GCC unroll 8
   for (char const *p = body, *const end = body + textEnd(); p != end; ++p) {
     *kept = *p;
     kept += isIn[static_cast<unsigned char>(*p)] ? 0 : 1;
