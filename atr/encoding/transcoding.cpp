@@ -131,6 +131,7 @@ unsigned char const* endOf(unsigned char const* text, unsigned char const* end) 
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-non-const-parameter): `out` is written through the state
 int atr_encoding_transcode(int target, unsigned char* out, int source, unsigned char const* text,
                            unsigned char const* end, char substitute) {
   EncodingOps const& from = atr_encoding_row(source);

@@ -191,7 +191,7 @@ int atr_translate::compare(void const* a, void const* b) {
 // The block of the pointers holds the marks of the numbering before they are in it.
 void atr_translate::sortSlots(bool hasUnnumbered) {
   auto const slots = static_cast<std::size_t>(count);
-  sorted = reinterpret_cast<StrArgs**>(newBlock(slots * sizeof(StrArgs*)));
+  sorted = reinterpret_cast<StrArgs**>(newBlock(slots * sizeof(void*)));
   if (hasUnnumbered) numberSlots(args, count, reinterpret_cast<char*>(sorted));
   bool isAscending = true;
   for (int i = 0; i < count; ++i) {

@@ -72,7 +72,7 @@ int decodeCharacter(unsigned int& code, char const* text, std::size_t bound) noe
   wchar_t wide = 0;
   std::size_t const bytes = std::mbrtowc(&wide, text, bound, &state);
   if (bytes > bound || std::mbsinit(&state) == 0) return -1;
-  code = static_cast<unsigned int>(wide);
+  code = static_cast<unsigned int>(wide);  // NOLINT(bugprone-signed-char-misuse): no char
   return static_cast<int>(bytes);
 }
 

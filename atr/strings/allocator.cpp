@@ -74,7 +74,7 @@ void* atr_Allocator::carve(Slab& slab, int c) noexcept {
 }
 
 atr_Allocator::Slab* atr_Allocator::makeSlab() {
-  auto const words = static_cast<std::size_t>(slabWords + kHeaderWords);
+  auto const words = static_cast<std::size_t>(slabWords) + kHeaderWords;
   Slab* const slab = new (::operator new[](words * sizeof(Word))) Slab{slabs, maxClass + 1, 0};
   std::fill_n(slab->area(), maxClass + 1, 0);
   return slab;

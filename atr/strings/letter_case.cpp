@@ -33,7 +33,7 @@ char const* findOtherCase(char const* p, char const* end, LetterCase target) noe
   return end;
 }
 
-void changeCase(char* p, char* end, LetterCase target) noexcept {
+void changeCase(char* p, char const* end, LetterCase target) noexcept {
   while (p < end) {
     int const bytes = characterStep(p, end);
     if (bytes == 1 && isOtherCase(*p, target)) *p = inCase(*p, target);
@@ -44,8 +44,8 @@ void changeCase(char* p, char* end, LetterCase target) noexcept {
 namespace {
 
 bool isOtherCaseAscii(char byte, LetterCase target) noexcept {
-  unsigned const first = target == LetterCase::upper ? 'a' : 'A';
-  return static_cast<unsigned char>(byte) - first < 26U;
+  unsigned char const first = target == LetterCase::upper ? 'a' : 'A';
+  return static_cast<unsigned int>(static_cast<unsigned char>(byte) - first) < 26;
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ char const* findOtherCaseAscii(char const* p, char const* end, LetterCase target
   return p;
 }
 
-void changeCaseAscii(char* p, char* end, LetterCase target) noexcept {
+void changeCaseAscii(char* p, char const* end, LetterCase target) noexcept {
   for (; p != end; ++p) {
     *p = static_cast<char>(*p ^ (isOtherCaseAscii(*p, target) ? kCaseDistance : 0));
   }

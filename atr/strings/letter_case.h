@@ -17,11 +17,11 @@ char inCase(char letter, LetterCase target) noexcept;
 char const* findOtherCase(char const* p, char const* end, LetterCase target) noexcept;
 
 /// Changes every such letter in [p, end); `p` is at a character's first byte.
-void changeCase(char* p, char* end, LetterCase target) noexcept;
+void changeCase(char* p, char const* end, LetterCase target) noexcept;
 
 /// The same for ASCII and UTF-8. Four times ahead of changeCase on ASCII (BM_ToUpper).
 char const* findOtherCaseAscii(char const* p, char const* end, LetterCase target) noexcept;
-void changeCaseAscii(char* p, char* end, LetterCase target) noexcept;
+void changeCaseAscii(char* p, char const* end, LetterCase target) noexcept;
 
 }  // namespace atr
 

@@ -17,7 +17,7 @@ class atr_String : public atr_StringBase {
   /// Shares the representation of `other`.
   atr_String(atr_String const& other) noexcept = default;
   /// Takes the representation of `other`, which is left empty.
-  atr_String(atr_String&& other) noexcept : atr_StringBase() { exchangeWith(other); }
+  atr_String(atr_String&& other) noexcept { exchangeWith(other); }
   /// A copy of `text`; null and empty texts give the null representation.
   atr_String(char const* text) : atr_StringBase(text != nullptr ? text : atr_emptyText) {}
   /// A copy of the first `length` bytes of `text`; always has a representation.

@@ -38,7 +38,7 @@ struct Blocks {
 Blocks takeBlocks(int capacity, int length) {
   int const size = bodySize(checkedLength(capacity));
   if (fitsInline(capacity)) {
-    void* const block = ::operator new(static_cast<std::size_t>(size + kHeaderBytes));
+    void* const block = ::operator new(static_cast<std::size_t>(size) + kHeaderBytes);
     auto* const rep = new (block) atr_StringRep{1, size, length};
     return {rep, bodyBehind(rep)};
   }
@@ -106,7 +106,8 @@ int printGeneral(char (&text)[kNumberRoom], double value, int precision) noexcep
   if (dot == nullptr) return static_cast<int>(end - text);
   std::size_t const pointBytes = std::strlen(point);
   std::memmove(dot + pointBytes, dot + 1, static_cast<std::size_t>(end - dot));
-  std::memcpy(dot, point, pointBytes);
+  std::memcpy(dot, point,
+              pointBytes);  // NOLINT(bugprone-not-null-terminated-result): in the middle
   return static_cast<int>(end - text + static_cast<std::ptrdiff_t>(pointBytes) - 1);
 }
 
@@ -173,6 +174,7 @@ void atr_StringBase::leave() noexcept {
 }
 
 // The count goes up before it goes down, which makes self-assignment harmless.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 atr_StringBase& atr_StringBase::operator=(atr_StringBase const& other) {
   if (other.rep != nullptr) ++other.rep->refCount;
   leave();

@@ -78,8 +78,9 @@ int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const
 // the pattern is long. Where the replacement holds the pattern, every pass finds one.
 atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_StringBase const& to,
                                            int count) {
-  atr_StringBase const pattern(from);
-  atr_StringBase const replacement(to);
+  // Sharers keep both texts as they are, should one of them be this very string.
+  atr_StringBase const pattern(from);    // NOLINT(performance-unnecessary-copy-initialization)
+  atr_StringBase const replacement(to);  // NOLINT(performance-unnecessary-copy-initialization)
   int const fromLength = lengthOf(pattern);
   int const toLength = lengthOf(replacement);
   if (lengthOf(*this) == 0 || fromLength == 0 || count <= 0) return *this;

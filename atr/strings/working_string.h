@@ -19,7 +19,7 @@ class atr_StringBasePrv : public atr_StringBase {
   atr_StringBasePrv(atr_StringBase const& other) noexcept : atr_StringBase(other) {}
   atr_StringBasePrv(atr_StringBasePrv const& other) noexcept = default;
   /// Takes the representation of `other`, which is left empty.
-  atr_StringBasePrv(atr_StringBasePrv&& other) noexcept : atr_StringBase() { exchangeWith(other); }
+  atr_StringBasePrv(atr_StringBasePrv&& other) noexcept { exchangeWith(other); }
   /// A copy of `text`. @pre `text` is not null.
   atr_StringBasePrv(char const* text) : atr_StringBase(text) {}
 
