@@ -106,8 +106,7 @@ int printGeneral(char (&text)[kNumberRoom], double value, int precision) noexcep
   if (dot == nullptr) return static_cast<int>(end - text);
   std::size_t const pointBytes = std::strlen(point);
   std::memmove(dot + pointBytes, dot + 1, static_cast<std::size_t>(end - dot));
-  std::memcpy(dot, point,
-              pointBytes);  // NOLINT(bugprone-not-null-terminated-result): in the middle
+  std::copy_n(point, pointBytes, dot);
   return static_cast<int>(end - text + static_cast<std::ptrdiff_t>(pointBytes) - 1);
 }
 
