@@ -219,7 +219,10 @@ class atr_StringBase {
   bool isAtRisk(char const* text) const noexcept;
   void splice(int pos, int removed, int inserted);
   int textEnd() const noexcept;
-  void substituteInPlace(int at, atr_StringBase const& from, atr_StringBase const& to, int count);
+  struct Replacement;
+  void replaceAlike(int at, Replacement const& r, int count) noexcept;
+  void replaceShrinking(int at, Replacement const& r, int count) noexcept;
+  bool replaceGrowing(int at, Replacement const& r, int count);
   atr_StringBase& changeCase(bool toUpper);
   atr_StringBase& changeFirst(bool toUpper);
 };

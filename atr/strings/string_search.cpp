@@ -10,7 +10,6 @@
 
 #include "atr/frame/character_step.h"
 #include "atr/frame/platform.h"
-#include "atr/strings/body_room.h"
 #include "atr/strings/letter_case.h"
 #include "atr/strings/string_base.h"
 
@@ -72,47 +71,6 @@ int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const
     if (p[0] == text[0] && std::memcmp(p, text, wanted) == 0) return static_cast<int>(p - body);
   }
   return length;
-}
-
-// Each pass looks from the start, but no match can begin further ahead of the last replacement than
-// the pattern is long. Where the replacement holds the pattern, every pass finds one.
-atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_StringBase const& to,
-                                           int count) {
-  // Sharers keep both texts as they are, should one of them be this very string.
-  atr_StringBase const pattern(from);    // NOLINT(performance-unnecessary-copy-initialization)
-  atr_StringBase const replacement(to);  // NOLINT(performance-unnecessary-copy-initialization)
-  int const fromLength = lengthOf(pattern);
-  int const toLength = lengthOf(replacement);
-  if (lengthOf(*this) == 0 || fromLength == 0 || count <= 0) return *this;
-  int at = Find(textOf(pattern), 0);
-  if (at == lengthOf(*this)) return *this;
-  if (std::strstr(textOf(replacement), textOf(pattern)) != nullptr) {
-    checkedLength(lengthOf(*this) + std::int64_t{count} * (toLength - fromLength));
-    if (toLength == fromLength) count = 1;
-  }
-  for (; count > 0 && at != lengthOf(*this); --count) {
-    replace(at, fromLength, textOf(replacement), toLength, 0, kAll);
-    if (fromLength == toLength) {
-      substituteInPlace(at, pattern, replacement, count - 1);
-      break;
-    }
-    at = Find(textOf(pattern), std::max(0, at - fromLength + 1));
-  }
-  return *this;
-}
-
-// Texts of one length, in a body that this string alone holds: nothing moves. The last replacement
-// was at `at`.
-void atr_StringBase::substituteInPlace(int at, atr_StringBase const& from, atr_StringBase const& to,
-                                       int count) {
-  int const bytes = from.rep->length;
-  char* p = body + at;
-  for (; count > 0; --count) {
-    p = std::max(body, p - bytes + 1);
-    p = bytes == 1 ? std::strchr(p, from.body[0]) : std::strstr(p, from.body);
-    if (p == nullptr) return;
-    std::memcpy(p, to.body, static_cast<std::size_t>(bytes));
-  }
 }
 
 int atr_StringBase::Substr(int pos, int count) const {

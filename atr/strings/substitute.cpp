@@ -1,0 +1,145 @@
+// Substitute is defined in passes, each of which looks from the start. The loop does just that;
+// where the passes come to one sweep over the text, the sweeps beside it take linear time.
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "atr/strings/body_room.h"
+#include "atr/strings/string_base.h"
+#include "atr/strings/summary.h"
+
+using namespace atr;
+
+namespace {
+
+constexpr int kAll = 0x7fffffff;
+
+}  // namespace
+
+struct atr_StringBase::Replacement {
+  std::string_view from;
+  std::string_view to;
+
+  int growth() const noexcept {
+    return static_cast<int>(to.size()) - static_cast<int>(from.size());
+  }
+
+  // The first occurrence at or behind `p`, or null.
+  char* find(char* p) const noexcept {
+    return from.size() == 1 ? std::strchr(p, from[0]) : std::strstr(p, from.data());
+  }
+
+  // True if putting `to` in cannot bring about an occurrence of `from` that was not there.
+  bool isIndependent() const noexcept {
+    if (to.empty()) return from.size() == 1;
+    if (from.find(to) != from.npos || to.find(from) != to.npos) return false;
+    for (std::size_t n = 1; n < std::min(from.size(), to.size()); ++n) {
+      bool const meetsBefore = from.substr(from.size() - n) == to.substr(0, n);
+      bool const meetsBehind = from.substr(0, n) == to.substr(to.size() - n);
+      if (meetsBefore || meetsBehind) return false;
+    }
+    return true;
+  }
+};
+
+// No match can begin further ahead of the last replacement than the pattern is long. Where the
+// replacement holds the pattern, every pass finds one. The events of the summary are those of this
+// loop: with the summary on, nothing else moves a text.
+atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_StringBase const& to,
+                                           int count) {
+  // Sharers keep both texts as they are, should one of them be this very string.
+  atr_StringBase const pattern(from);    // NOLINT(performance-unnecessary-copy-initialization)
+  atr_StringBase const replacement(to);  // NOLINT(performance-unnecessary-copy-initialization)
+  int const fromLength = lengthOf(pattern);
+  int const toLength = lengthOf(replacement);
+  if (lengthOf(*this) == 0 || fromLength == 0 || count <= 0) return *this;
+  int at = Find(textOf(pattern), 0);
+  if (at == lengthOf(*this)) return *this;
+  Replacement const r = {textOf(pattern), textOf(replacement)};
+  if (r.to.find(r.from) != r.to.npos) {
+    checkedLength(lengthOf(*this) + std::int64_t{count} * (toLength - fromLength));
+    if (toLength == fromLength) count = 1;
+  }
+  bool const hasNul = r.growth() != toLength - fromLength;  // in one of them, for which no sweep is
+  bool const isSweep = atr_summary == nullptr && !hasNul && r.isIndependent();
+  if (isSweep && r.growth() > 0 && replaceGrowing(at, r, count)) return *this;
+  for (; count > 0 && at != lengthOf(*this); --count) {
+    replace(at, fromLength, textOf(replacement), toLength, 0, kAll);
+    if (toLength == fromLength && !hasNul) {
+      replaceAlike(at, r, count - 1);
+      break;
+    }
+    if (isSweep && r.growth() < 0) {
+      replaceShrinking(at, r, count - 1);
+      break;
+    }
+    at = Find(textOf(pattern), std::max(0, at - fromLength + 1));
+  }
+  return *this;
+}
+
+// The sweeps over a body that this string alone holds go on from a replacement at `at`.
+
+// Of one length: nothing moves, and matches that come about are found as the loop finds them.
+void atr_StringBase::replaceAlike(int at, Replacement const& r, int count) noexcept {
+  char* p = body + at;
+  for (; count > 0; --count) {
+    p = r.find(std::max(body, p - r.from.size() + 1));
+    if (p == nullptr) return;
+    std::memcpy(p, r.to.data(), r.to.size());
+  }
+}
+
+void atr_StringBase::replaceShrinking(int at, Replacement const& r, int count) noexcept {
+  char const* const end = body + rep->length;
+  char* out = body + at + r.to.size();
+  char* in = out;
+  auto const closeUp = [&](char const* to) noexcept {
+    std::memmove(out, in, static_cast<std::size_t>(to - in));
+    out += to - in;
+  };
+  for (; count > 0; --count) {
+    char* const found = r.find(in);
+    if (found == nullptr) break;
+    closeUp(found);
+    if (!r.to.empty()) std::memcpy(out, r.to.data(), r.to.size());
+    out += r.to.size();
+    in = found + r.from.size();
+  }
+  closeUp(end);
+  *out = '\0';
+  rep->length = static_cast<int>(out - body);
+}
+
+// Counts first, so that the text moves once, into the room that the passes would end in. Leaves it
+// to the loop if it need not move at all.
+bool atr_StringBase::replaceGrowing(int at, Replacement const& r, int count) {
+  int length = rep->length;
+  int size = rep->refCount == 1 ? rep->size : 0;
+  int capacity = -1;
+  char* const last = body + at;
+  int matches = 0;
+  for (char* p = last; p != nullptr && matches < count; p = r.find(p + r.from.size())) {
+    ++matches;
+    length = checkedLength(std::int64_t{length} + r.growth());
+    if (size > length) continue;
+    capacity = length;
+    size = bodySize(capacity);
+  }
+  if (capacity < 0) return false;
+  char* in = body;
+  char const* const end = body + rep->length;
+  char* found = last;
+  char* const toFree = get(capacity);
+  char* out = body;
+  for (; matches > 0; --matches) {
+    out = std::copy(in, found, out);
+    out = std::copy(r.to.begin(), r.to.end(), out);
+    in = found + r.from.size();
+    found = matches > 1 ? r.find(in) : nullptr;
+  }
+  *std::copy(static_cast<char const*>(in), end, out) = '\0';
+  rep->length = length;
+  ::operator delete(toFree);
+  return true;
+}
