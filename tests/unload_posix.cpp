@@ -5,10 +5,12 @@
 #include <cstdlib>
 #include <cstring>
 
+class atr_StringBase;
+
 int main(int, char** argv) {
   for (int i = 0; i < 100; ++i) {
     void* const library = dlopen(argv[1], RTLD_NOW);
-    auto const setLocale = reinterpret_cast<bool (*)(void*)>(dlsym(library, argv[2]));
+    auto const setLocale = reinterpret_cast<bool (*)(atr_StringBase*)>(dlsym(library, argv[2]));
     if (setLocale == nullptr || setLocale(nullptr)) return 1;
     dlclose(library);
   }
