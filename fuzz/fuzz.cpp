@@ -2,20 +2,15 @@
 // reading of its rules. ATR_TWIN names the twin.
 #include <clocale>
 #include <cstdint>
-#include <cstring>
-#include <iterator>
 
 #include "support/twins.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  std::setlocale(LC_ALL, "C.UTF-8");
-  return 0;
+  return std::setlocale(LC_ALL, "C.UTF-8") == nullptr;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-  for (test::Twin const& twin : test::kTwins) {
-    if (std::strcmp(twin.name, ATR_TWIN) == 0)
-      twin.run({reinterpret_cast<char const*>(data), size});
-  }
+  for (test::Twin const& twin : test::kTwins)
+    if (twin.name == test::S(ATR_TWIN)) twin.run({reinterpret_cast<char const*>(data), size});
   return 0;
 }

@@ -1,52 +1,29 @@
-// Line breaking against a slow reading of its rules, and the test mode in fresh processes.
-#include <chrono>
-#include <clocale>
-#include <cstring>
-
-#include "atr/atr.h"
+// The room of folded texts, and the test mode in fresh processes. The twins hold the folds.
 #include "atr/strings/body_room.h"
 #include "support/support.h"
 
 using namespace test;
-using namespace std::string_literals;
-
-namespace {
-
-struct Text : atr_String {
-  using atr_String::atr_String;
-  Text(atr_String const& other) : atr_String(other) {}
-  int size() const { return rep->size; }
-};
-
-std::string textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
-
-}  // namespace
 
 // The room of a folded text is what appending it line by line comes to.
 TEST(Layout, RoomOfTheResult) {
-  std::string text;
-  for (int length = 0; length < 600; ++length, text += length % 7 == 0 ? ' ' : 'x') {
-    atr_String const s(text.c_str());
-    Text const folded(atr_String::BreakLineString(s, 10));
-    if (length <= 10) continue;
+  S text = "xxxxxxxxxx";
+  while (text.size() < 600) {
+    text += text.size() % 7 == 0 ? ' ' : 'x';
+    Text const folded(atr_String::BreakLineString(text.c_str(), 10));
     Text appended;
-    std::string const lines = textOf(folded);
-    for (std::size_t at = 0, end = 0; at < lines.size(); at = end + 1) {
-      end = std::min(lines.size(), lines.find('\n', at));
-      if (at > 0) appended.Append("\n");
-      appended.Append(lines.substr(at, end - at).c_str());
-    }
-    ASSERT_EQ(folded.size(), appended.size()) << length;
-    ASSERT_EQ(Text(atr_String::AddLineBreaks(s, 10, false)).size(),
-              atr::bodySize(static_cast<int>(lines.size())));
+    std::istringstream lines(textOf(folded));
+    for (S line; std::getline(lines, line); appended.Append(line.c_str()))
+      if (!appended.IsEmpty()) appended.Append("\n");
+    ASSERT_EQ(folded.r()->size, appended.r()->size) << text;
+    ASSERT_EQ(Text(atr_String::AddLineBreaks(text.c_str(), 10, false)).r()->size,
+              atr::bodySize(static_cast<int>(folded.length())));
   }
 }
 
 TEST(Layout, LongTexts) {
-  std::string text;
+  S text;
   while (text.size() < 2'000'000) text += "some words\n";
-  atr_String const folded = atr_String::AddLineBreaks(atr_String(text.c_str()), 5, false);
-  EXPECT_EQ(folded.length(), text.size());
+  EXPECT_EQ(atr_String::AddLineBreaks(text.c_str(), 5, false).length(), text.size());
 }
 
 TEST(Layout, TestMode) {
@@ -64,31 +41,17 @@ TEST(Layout, TestMode) {
   EXPECT_FRESH("", set("x", nullptr, "x"); decide(false));
   EXPECT_FRESH("", set(nullptr, "x", "x"); decide(false));
   EXPECT_FRESH("", set("x", "x", "x"); decide(true));
-  auto const marker = [](char const* locale, char const* expected) {
-    std::setlocale(LC_ALL, locale);
-    char const* const text = atr_i18nExtraCharacters();
-    EXPECT_STREQ(text, expected);
-    std::setlocale(LC_ALL, ATR_TEST_SJIS);
-    EXPECT_EQ(atr_i18nExtraCharacters(), text);
-  };
-  EXPECT_FRESH("", marker(ATR_TEST_SJIS, "\x83\x5C\x81\x5B"));
-  EXPECT_FRESH("", marker("C", ""));
-  auto const breakMarked = [&](char const* locale, char const* mode, char const* expected) {
+  S const mark = "\x83\x5C\x81\x5B";  // the marker in Shift JIS
+  auto const marked = [&](char const* locale, char const* mode, S const& marker, S const& folded) {
     std::setlocale(LC_ALL, locale);
     set(mode, "x", "x");
-    EXPECT_STREQ(atr_String::BreakLineString("\x83\x5C\x81\x5B"
-                                             "aaa bbb \x83\x5C\x81\x5B ccc\x83\x5C\x81\x5B",
-                                             4)
-                     .c_str(),
-                 expected);
+    S const text = mark + "aaa bbb " + mark + " ccc" + mark;
+    EXPECT_EQ(textOf(atr_String::BreakLineString(text.c_str(), 4)), mark + folded + mark);
+    EXPECT_EQ(atr_i18nExtraCharacters(), marker);
+    std::setlocale(LC_ALL, ATR_TEST_SJIS);
+    EXPECT_EQ(atr_i18nExtraCharacters(), marker) << "made for good";
   };
-  EXPECT_FRESH("", breakMarked(ATR_TEST_SJIS, "x",
-                               "\x83\x5C\x81\x5B"
-                               "aaa bbb\n\x83\x5C\x81\x5B ccc\x83\x5C\x81\x5B"));
-  EXPECT_FRESH("", breakMarked(ATR_TEST_SJIS, nullptr,
-                               "\x83\x5C\x81\x5B"
-                               "aaa\nbbb \x83\x5C\x81\x5B\nccc\x83\x5C\x81\x5B"));
-  EXPECT_FRESH("", breakMarked("C", "x",
-                               "\x83\x5C\x81\x5B"
-                               "aaa\nbbb \x83\x5C\x81\x5B\nccc\x83\x5C\x81\x5B"));
+  EXPECT_FRESH("", marked(ATR_TEST_SJIS, "x", mark, "aaa bbb\n" + mark + " ccc"));
+  EXPECT_FRESH("", marked(ATR_TEST_SJIS, nullptr, mark, "aaa\nbbb " + mark + "\nccc"));
+  EXPECT_FRESH("", marked("C", "x", "", "aaa\nbbb " + mark + "\nccc"));
 }

@@ -1,16 +1,12 @@
 // Translation: the file, the table, the lookup and the environment that selects them.
-#include <clocale>
-#include <cstring>
 #include <filesystem>
 #include <thread>
 
-#include "atr/atr.h"
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
 #include "atr/translation/dictionary_reader.h"
 #include "atr/translation/message_lookup.h"
 #include "atr/translation/translation_table.h"
-#include "support/allocation_watch.h"
 #include "support/support.h"
 
 using namespace test;
@@ -19,133 +15,110 @@ namespace {
 
 constexpr char kInvalid[] = "WARNING: atr: Invalid UTF-8 string.\n";
 constexpr char kEncoding[] = "WARNING: atr: Failure encoding in the current locale.\n";
+S warning(char const* text, S const& key) { return text + ("\"" + key + "\"\n\n"); }
 
 // The table as a picture: {key=text}{key=text}, sorted.
-std::string table() {
-  std::string picture;
-  for (int i = 0; i < atr_trTable.count; ++i) {
-    picture +=
-        "{" + std::string(atr_trTable.entries[i].key) + "=" + atr_trTable.entries[i].text + "}";
-  }
+S table() {
+  S picture;
+  for (int i = 0; i < atr_trTable.count; ++i)
+    picture += "{" + S(atr_trTable.entries[i].key) + "=" + atr_trTable.entries[i].text + "}";
   return picture;
 }
 
 // Reads a dictionary of these bytes and answers the table and what was warned about.
-std::string readDictionary(std::string_view bytes) {
+S readDictionary(std::string_view bytes) {
   TempFile const file("dictionary", bytes);
-  std::FILE* const stream = atr::platform::openText(file.path().c_str());
+  std::FILE* const stream = atr::platform::openText(file.path.c_str());
   testing::internal::CaptureStderr();
   atr_trReadDictionary(stream);
   std::fclose(stream);
   atr_trSort();
-  std::string picture = table() + testing::internal::GetCapturedStderr();
+  S picture = table() + testing::internal::GetCapturedStderr();
   atr_trReleaseDB();
   EXPECT_EQ(mem_status().blocksInUse, 0);
   return picture;
 }
 
-std::string warning(char const* text, std::string const& key) {
-  return text + ("\"" + key + "\"\n\n");
-}
-
-void setTranslated(std::string const& file, char const* locale) {
-  setVariable("ZELTRA_SUPPORTED_LOCALE", "1");
-  setVariable("ZELTRA_TRANSLATION_DICTIONARY", file.c_str());
-  setVariable("ZELTRA_LANG", locale);
-  setVariable("ZEL_PATH", tempFolder().c_str());
+// "-" leaves a variable unset.
+void setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
+                    S const& first) {
+  auto const set = [](char const* name, S const& s) {
+    setVariable(name, s == "-" ? nullptr : s.c_str());
+  };
+  set("ZELTRA_SUPPORTED_LOCALE", supported), set("ZELTRA_TRANSLATION_DICTIONARY", file);
+  set("ZELTRA_LANG", locale), set("ZEL_PATH", path), set("QMR_DICT_DIR", first);
 }
 
 }  // namespace
 
 TEST(Translation, DictionaryRows) {
-  std::string const longText(8191 - 11, 'v');  // the piece "msg['k'] = r'" + text fills the buffer
-  std::tuple<char const*, std::string, std::string> const rows[] = {
-      {"empty", "", ""},
-      {"no marker", "# comment\n\nmsg['a'] = 'b'\n", ""},
-      {"an entry", "msg['Open'] = r'Abrir'\n", "{Open=Abrir}"},
-      {"sorted by bytes", "['\xC3'] = r'1'\n['z'] = r'2'\n['za'] = r'3'\n[''] = r''\n",
-       "{=}{z=2}{za=3}{\xC3=1}"},
-      {"file order among equals", "['a'] = r'1'\n['a'] = r'2'\n", "{a=1}{a=2}"},
-      {"no newline at the end", "msg['a'] = r'xy'", "{a=x}"},
-      {"the closing is not looked at", "msg['a'] = r'xy' # note\n", "{a=xy' # not}"},
-      {"a newline is the value", "msg['a'] = r'\n", "{a=\n}"},
-      {"no value", "msg['a'] = r'", "{a=}"},
-      {"a marker in the value", "['a'] = r'b'] = r'c'\n", "{a=b'] = r'c}"},
-      {"quotes", "['it's'] = r'c'est'\n", "{it's=c'est}"},
-      {"a key ends at the marker", "['a\\'] = r'b'\n", "{a\\=b}"},
+  S const text(8191 - 11, 'v');  // the piece "msg['k'] = r'" + text fills the buffer
+  auto const bad = [](char const* key) { return warning(kInvalid, key); };
+  // clang-format off
+  std::tuple<char const*, S, S> const rows[] = {
+      {"empty", "", ""}, {"no marker", "# comment\n\nmsg['a'] = 'b'\n", ""}, {"an entry", "msg['Open'] = r'Abrir'\n", "{Open=Abrir}"},
+      {"sorted by bytes", "['\xC3'] = r'1'\n['z'] = r'2'\n['za'] = r'3'\n[''] = r''\n", "{=}{z=2}{za=3}{\xC3=1}"},
+      {"file order among equals", "['a'] = r'1'\n['a'] = r'2'\n", "{a=1}{a=2}"}, {"no newline", "msg['a'] = r'xy'", "{a=x}"},
+      {"the closing is not looked at", "['a'] = r'xy' # note\n", "{a=xy' # not}"}, {"only a newline", "['a'] = r'\n", "{a=\n}"},
+      {"no value", "msg['a'] = r'", "{a=}"}, {"a marker in the value", "['a'] = r'b'] = r'c'\n", "{a=b'] = r'c}"},
+      {"quotes", "['it's'] = r'c'est'\n", "{it's=c'est}"}, {"a key ends at the marker", "['a\\'] = r'b'\n", "{a\\=b}"},
       {"escapes in both", "['a\\n\\@x'] = r'\\x41\\'\\@'\n", "{a\n\\@x=A'\\@}"},
       {"UTF-8 from escapes", "['a'] = r'\\xC3\\xA9\\303\\251'\n", "{a=\xE9\xE9}"},
-      {"a NUL ends key and value", "['a\\0b'] = r'c\\x00q'\n", "{a=c}"},
-      {"line ends of both kinds", "['a'] = r'1'\r\n['b'] = r'2'\n", "{a=1}{b=2}"},
-      {"the marker's own quote, alone", "'] = r'x'\n", ""},
-      {"the marker's own quote", "'] = r'\xFFx'\n'] = r'x'\n['a'] = r'1'\n'] = r'x'", "{a=1}"},
-      {"only bad values warn of nothing", "['a'] = r'\xFF'\n", ""},
-      {"a bad value", "['a%s\\n'] = r'\xFF'\n['b'] = r'1'\n",
-       "{b=1}" + warning(kInvalid, "a%s\\n")},
-      {"bad behind its escapes", "['a'] = r'\\777'\n['b'] = r'\\xE9'\n",
-       warning(kInvalid, "a") + warning(kInvalid, "b")},
-      {"a character cut at the end", "['a'] = r'1'\n['b'] = r'x\xC3\xA9z",
-       "{a=1}" + warning(kInvalid, "b")},
-      {"accepted only once cut", "['a'] = r'1'\n['b'] = r'x\xFF\xFF", "{a=1}"},
-      {"a line in pieces", "['k'] = r'" + longText + "xy'\n", "{k=" + longText.substr(1) + "}"},
-      {"CR LF over the buffer's end", "['k'] = r'" + longText.substr(1) + "'\r\n['b'] = r'1'\n",
-       "{b=1}{k=" + longText.substr(1) + "}"},
-      {"a NUL in a line", std::string("['a'] = r'1'\0x\n['b'] = r'2'\n", 28), "{a=}{b=2}"},
-  };
+      {"a NUL ends both", "['a\\0b'] = r'c\\x00q'\n", "{a=c}"}, {"both line ends", "['a'] = r'1'\r\n['b'] = r'2'\n", "{a=1}{b=2}"},
+      {"a marker alone", "'] = r'x'\n", ""}, {"a marker first", "'] = r'\xFFx'\n'] = r'x'\n['a'] = r'1'\n'] = r'x'", "{a=1}"},
+      {"only bad values warn of nothing", "['a'] = r'\xFF'\n", ""}, {"accepted once cut", "['a'] = r'1'\n['b'] = r'x\xFF\xFF", "{a=1}"},
+      {"a bad value", "['a%s\\n'] = r'\xFF'\n['b'] = r'1'\n", "{b=1}" + bad("a%s\\n")},
+      {"bad behind its escapes", "['a'] = r'\\777'\n['b'] = r'\\xE9'\n", bad("a") + bad("b")},
+      {"a character cut at the end", "['a'] = r'1'\n['b'] = r'x\xC3\xA9z", "{a=1}" + bad("b")},
+      {"a line in pieces", "['k'] = r'" + text + "xy'\n", "{k=" + text.substr(1) + "}"},
+      {"CR LF over the end", "['k'] = r'" + text.substr(1) + "'\r\n['b'] = r'1'\n", "{b=1}{k=" + text.substr(1) + "}"},
+      {"a NUL in a line", "['a'] = r'1'\0x\n['b'] = r'2'\n"s, "{a=}{b=2}"}};
+  // clang-format on
   Locale const locale(ATR_TEST_LATIN1);
   for (auto const& [what, bytes, result] : rows) EXPECT_EQ(readDictionary(bytes), result) << what;
 }
 
 TEST(Translation, DictionaryInOtherEncodings) {
-  auto const readAtSite = [](char const* site) {
+  auto const read = [](char const* site) {
     setVariable("ZELTRA_SITE", site);
     std::setlocale(LC_ALL, ATR_TEST_SJIS);
-    auto const both = warning(kEncoding, "a") + warning(kEncoding, "b") + warning(kInvalid, "b");
-    std::string const text = "['a'] = r'\xC4\x80'\n['b'] = r'\xC4\x80\\xE9'\n";
-    EXPECT_EQ(readDictionary(text),
-              "{a=?}" + (std::strcmp(site, "qdn") == 0 ? both : warning(kInvalid, "b")));
+    auto const tell = [&](S const& key) { return site == "qdn"s ? warning(kEncoding, key) : ""; };
+    EXPECT_EQ(readDictionary("['a'] = r'\xC4\x80'\n['b'] = r'\xC4\x80\\xE9'\n"),
+              "{a=?}" + tell("a") + tell("b") + warning(kInvalid, "b"));
     setVariable("ZELTRA_SITE", "changed");
-    EXPECT_EQ(readDictionary("['a'] = r'\xC4\x80'\n"),
-              "{a=?}" + (std::strcmp(site, "qdn") == 0 ? warning(kEncoding, "a") : ""));
+    EXPECT_EQ(readDictionary("['a'] = r'\xC4\x80'\n"), "{a=?}" + tell("a"));
   };
-  EXPECT_FRESH("", readAtSite("qdn"));
-  EXPECT_FRESH("", readAtSite("QDN"));
-  std::string const bytes = "['a'] = r'\xC4\x80 \xC4\x80'\n['b'] = r'\xE3\x82\xBD\xE3\x83\xBC'\n";
-  for (auto const& [name, result] :
-       {std::pair(ATR_TEST_SJIS, "{a=? ?}{b=\x83\x5C\x81\x5B}"), {"C", "{a=? ?}{b=??}"}}) {
-    Locale const locale(name);
-    EXPECT_EQ(readDictionary(bytes), result) << name;
-  }
+  EXPECT_FRESH("", read("qdn"));
+  EXPECT_FRESH("", read("QDN"));
+  S const bytes = "['a'] = r'\xC4\x80 \xC4\x80'\n['b'] = r'\xE3\x82\xBD\xE3\x83\xBC'\n";
+  Locale const c("C");
+  EXPECT_EQ(readDictionary(bytes), "{a=? ?}{b=??}");
+  Locale const japanese(ATR_TEST_SJIS);
+  EXPECT_EQ(readDictionary(bytes), "{a=? ?}{b=\x83\x5C\x81\x5B}");
 }
 
 TEST(Translation, Lookup) {
-  static TranslationEntry entries[] = {
-      {const_cast<char*>("Open"), const_cast<char*>("first")},
-      {const_cast<char*>("Open"), const_cast<char*>("last")},
-      {const_cast<char*>("Open\\@menu"), const_cast<char*>("a\\@b\xFF")},
-      {const_cast<char*>("empty"), const_cast<char*>("")}};
-  std::string const longKey(100000, '\xE9');
-  std::tuple<char const*, char const*, std::string, bool, std::string> const rows[] = {
-      {"no table", "C", "abc", false, "abc"},
-      {"only a tail", "C", "\\@x", false, ""},
-      {"the last of equals", "C", "Open", true, "last"},
-      {"the whole key, and its text untouched", "C", "Open\\@menu", true, "a\\@b\xFF"},
-      {"another tail", "C", "Open\\@other", true, "Open"},
-      {"an empty text", "C", "empty", true, ""},
-      {"no form", ATR_TEST_SJIS, "\xC4\x80 \xE3\x82\xBD\\@x\xE9", true, "? \x83\x5C"},
-      {"no UTF-8", ATR_TEST_SJIS, "\xE9\\@x", true, "\xE9"},
-      {"no UTF-8, long", ATR_TEST_LATIN1, longKey, true, longKey},
-      {"a NUL comes out", ATR_TEST_LATIN1, "a\xC0\x80\xC3\xA9", false, "a"},
-      {"nothing but a NUL", ATR_TEST_LATIN1, "\xC0\x80", false, ""},
-      {"UTF-8", ATR_TEST_LATIN1, "%d \xC3\xA9", false, "%d \xE9"},
-  };
+  char open[] = "Open", first[] = "first", last[] = "last", menu[] = "Open\\@menu";
+  char untouched[] = "a\\@b\xFF", none[] = "empty", empty[] = "";
+  TranslationEntry entries[] = {{open, first}, {open, last}, {menu, untouched}, {none, empty}};
+  S const longKey(100000, '\xE9');
+  auto const *const kWest = ATR_TEST_LATIN1, *const kEast = ATR_TEST_SJIS;
+  // clang-format off
+  std::tuple<char const*, char const*, S, bool, S> const rows[] = {
+      {"no table", "C", "abc", false, "abc"}, {"only a tail", "C", "\\@x", false, ""}, {"the last of equals", "C", "Open", true, "last"},
+      {"the whole key, and its text untouched", "C", menu, true, untouched}, {"another tail", "C", "Open\\@x", true, "Open"},
+      {"an empty text", "C", none, true, ""}, {"no form", kEast, "\xC4\x80 \xE3\x82\xBD\\@x\xE9", true, "? \x83\x5C"},
+      {"no UTF-8", kEast, "\xE9\\@x", true, "\xE9"}, {"no UTF-8, long", kWest, longKey, true, longKey},
+      {"a NUL comes out", kWest, "a\xC0\x80\xC3\xA9", false, "a"}, {"nothing but a NUL", kWest, "\xC0\x80", false, ""},
+      {"UTF-8", kWest, "%d \xC3\xA9", false, "%d \xE9"}};
+  // clang-format on
   for (auto const& [what, locale, key, hasTable, text] : rows) {
     Locale const set(locale);
-    atr_trTable = hasTable ? TranslationTable{entries, 4} : TranslationTable{nullptr, 0};
-    Allocations const before = allocations();
+    atr_trTable = {entries, hasTable ? 4 : 0};
+    int const taken = allocations().taken;
     atr_String const result = atr_raw(key.c_str());
-    EXPECT_LE(allocations().taken - before.taken, 2) << what;
-    EXPECT_EQ(std::string(result.c_str(), result.length()), text) << what;
+    EXPECT_LE(allocations().taken - taken, 2) << what;
+    EXPECT_EQ(textOf(result), text) << what;
     EXPECT_EQ(result.c_str() == atr_emptyText, text.empty()) << what;
   }
   atr_trTable = {nullptr, 0};
@@ -153,76 +126,60 @@ TEST(Translation, Lookup) {
 }
 
 TEST(Translation, CompareAndRelease) {
-  char const* const keys[] = {"", "a", "ab", "z", "\xC3"};
-  for (auto const& a : keys) {
-    for (auto const& b : keys) {
-      TranslationEntry const x = {const_cast<char*>(a), nullptr},
-                             y = {const_cast<char*>(b), nullptr};
+  S keys[] = {"", "a", "ab", "z", "\xC3"};
+  for (S& a : keys) {
+    for (S& b : keys) {
+      TranslationEntry const x = {a.data(), nullptr}, y = {b.data(), nullptr};
       EXPECT_EQ(atr_trCompareKeys(&x, &y), (&a > &b) - (&a < &b)) << a << ' ' << b;
     }
   }
-  for (int i = 0; i < 2; ++i) {
-    atr_trTable = {
-        i == 0 ? static_cast<TranslationEntry*>(mem_Calloc(3, sizeof(TranslationEntry))) : nullptr,
-        -1};
+  for (void* const entries :
+       {mem_Calloc(3, sizeof(TranslationEntry)), static_cast<void*>(nullptr)}) {
+    atr_trTable = {static_cast<TranslationEntry*>(entries), -1};
     atr_trReleaseDB();
-    EXPECT_EQ(atr_trTable.entries, nullptr);
-    EXPECT_EQ(atr_trTable.count, 0);
-    EXPECT_EQ(mem_status().blocksInUse, 0);
+    EXPECT_EQ(picture(atr_trTable.entries, atr_trTable.count, mem_status().blocksInUse), "0 0 0");
   }
 }
 
 // One process after another, since locale and environment are the process's own.
 TEST(Translation, LocaleAndSearch) {
-  std::string const sep = atr::platform::directorySeparator;
-  std::string const list(1, atr::platform::listSeparator);
-  auto const set = [](char const* supported, char const* dictionary, char const* path,
-                      char const* first) {
-    setVariable("ZELTRA_SUPPORTED_LOCALE", supported);
-    setVariable("ZELTRA_TRANSLATION_DICTIONARY", dictionary);
-    setVariable("ZELTRA_LANG", ATR_TEST_SJIS);
-    setVariable("ZEL_PATH", path);
-    setVariable("QMR_DICT_DIR", first);
-  };
-  auto const search = [&](bool isTranslated, std::string const& expected) {
+  S const sep = atr::platform::directorySeparator, list(1, atr::platform::listSeparator),
+          root = tempFolder();
+  auto const search = [&](bool isTranslated, S const& expected) {
     atr_String path("unchanged");
     std::setlocale(LC_ALL, "C");
     char walk[] = "a b";
     std::strtok(walk, " ");
-    EXPECT_EQ(atr_setlocale(&path), !expected.empty());
-    EXPECT_EQ(atr_setlocale(nullptr), !expected.empty());
+    EXPECT_EQ(atr_setlocale(&path), expected != "unchanged");
+    EXPECT_EQ(atr_setlocale(nullptr), expected != "unchanged");
     EXPECT_STREQ(std::strtok(nullptr, " "), "b") << "a client's own walk goes on";
-    EXPECT_STREQ(path.c_str(), expected.empty() ? "unchanged" : expected.c_str());
+    EXPECT_EQ(textOf(path), expected);
     EXPECT_STREQ(std::getenv("ZLT_LC_ALL"), std::setlocale(LC_ALL, nullptr));
     EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), isTranslated ? ATR_TEST_SJIS : "C");
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
   };
-  std::string root = tempFolder();
   TempFile const a("a/x/d.py", ""), b("b/x/d.py", ""),
       d("d/Configuration/Xresources/en_US/en_US_Dict.py", "");
   std::filesystem::create_directories(root + "/c/x/d.py");  // in the way, and no file
-  std::string own = root;
-  for (char& c : own) c = c == '/' ? sep[0] : c;
-  auto const in = [&](char const* folder) { return root + "/" + folder + "///"; };
-  std::string const all =
-      list + list + in("none") + list + in("c") + list + in("b") + list + in("a") + list;
-  std::string const found = own + sep + "b" + sep + "x" + sep + "d.py";
-  EXPECT_FRESH("", set(nullptr, nullptr, nullptr, all.c_str()); search(false, ""));
-  EXPECT_FRESH("", set("1", "x/d.py", nullptr, all.c_str()); search(true, ""));
-  EXPECT_FRESH("", set("1", "x/d.py", (list + list).c_str(), nullptr); search(true, ""));
-  EXPECT_FRESH("", set("1", "x/d.py", all.c_str(), nullptr); search(true, found));
-  EXPECT_FRESH("", set("1", (std::string(atr::platform::foreignSeparator) + "x/d.py").c_str(),
-                       all.c_str(), nullptr);
-               search(true, own + sep + "b" + sep + sep + "x" + sep + "d.py"));
-  EXPECT_FRESH("", set("1", "x/d.py", in("a").c_str(), all.c_str()); search(true, found));
-  EXPECT_FRESH("", set("1", ".", in("a").c_str(), nullptr); search(true, ""));
-  EXPECT_FRESH("", set("1", "zero", "/dev", nullptr); search(true, ""));  // a device never ends
-  EXPECT_FRESH("", set(nullptr, "x/d.py", all.c_str(), in("d").c_str());
-               search(false, own + sep + "d" + sep + "Configuration" + sep + "Xresources" + sep +
-                                 "en_US" + sep + "en_US_Dict.py"));
-  auto const unknown = [&] {
-    set("1", "x", "none", nullptr);
-    setVariable("ZELTRA_LANG", "no such locale");
+  auto const in = [&](S const& folder) { return root + "/" + folder + "///"; };
+  auto const native = [&](S path) {
+    std::replace(path.begin(), path.end(), '/', sep[0]);
+    return path;
+  };
+  S const all = list + list + in("none") + list + in("c") + list + in("b") + list + in("a") + list;
+  // clang-format off
+  std::tuple<S, S, S, S, S> const rows[] = {  // supported, file, path, first folder, what is found
+      {"-", "-", "-", all, "unchanged"}, {"1", "x/d.py", "-", all, "unchanged"}, {"1", "x/d.py", list + list, "-", "unchanged"},
+      {"1", "x/d.py", all, "-", native(b.path)}, {"1", "x/d.py", in("a"), all, native(b.path)},
+      {"1", atr::platform::foreignSeparator + "x/d.py"s, all, "-", native(root + "/b//x/d.py")},
+      {"1", ".", in("a"), "-", "unchanged"}, {"1", "zero", "/dev", "-", "unchanged"},  // a device never ends
+      {"-", "x/d.py", all, in("d"), native(d.path)}};
+  // clang-format on
+  for (auto const& [supported, file, path, first, found] : rows)
+    EXPECT_FRESH("", setEnvironment(supported, file, ATR_TEST_SJIS, path, first);
+                 search(supported == "1", found));
+  auto const unknown = [] {
+    setEnvironment("1", "x", "no such locale", "none", "-");
     EXPECT_FALSE(atr_setlocale(nullptr));
     EXPECT_NE(std::getenv("ZLT_LC_ALL"), nullptr);
     EXPECT_STRNE(std::setlocale(LC_CTYPE, nullptr), ATR_TEST_SJIS);
@@ -232,7 +189,8 @@ TEST(Translation, LocaleAndSearch) {
 
 TEST(Translation, BuildAndReload) {
   auto const run = [] {
-    setTranslated("reload.py", ATR_TEST_LATIN1);
+    auto const reload = [] { atr_tr_enable(false), atr_tr_enable(true); };
+    setEnvironment("1", "reload.py", ATR_TEST_LATIN1, tempFolder(), "-");
     atr_tr_enable(true);
     EXPECT_EQ(atr_trTable.count, -1) << "no file";
     {
@@ -248,8 +206,7 @@ TEST(Translation, BuildAndReload) {
     EXPECT_EQ(table(), "{a=\xE9}{b=B}") << "built, and not again";
     TempFile const file("reload.py", "['a'] = r'\xC4\x80\xE3\x82\xBD'\n");
     setVariable("ZELTRA_LANG", ATR_TEST_SJIS);
-    atr_tr_enable(false);
-    atr_tr_enable(true);
+    reload();
     EXPECT_EQ(table(), "{a=?\x83\x5C}");
     atr_trReleaseDB();
     EXPECT_EQ(mem_status().blocksInUse, 0);
@@ -260,15 +217,11 @@ TEST(Translation, BuildAndReload) {
 TEST(Translation, BuildWithoutMemory) {
   auto const run = [] {
     TempFile const file("memory.py", "['a'] = r'1'\n['b'] = r'2'\n");
-    setTranslated("memory.py", "C");
+    setEnvironment("1", "memory.py", "C", tempFolder(), "-");
     int const blocks = failEach([](int k) {
-      failAllocation(k);
-      try {
-        atr_trBuildDB();
-      } catch (std::bad_alloc const&) {
-        EXPECT_EQ(atr_trTable.count, 0);
-      }
-      EXPECT_TRUE(hasFailed() || table() == "{a=1}{b=2}");
+      bool isThrown = true;
+      bool const hasFailed = fails(k, [&] { atr_trBuildDB(), isThrown = false; });
+      EXPECT_TRUE(isThrown ? atr_trTable.count == 0 : hasFailed || table() == "{a=1}{b=2}");
       atr_trReleaseDB();
       EXPECT_EQ(mem_status().blocksInUse, 0);
     });

@@ -1,7 +1,7 @@
-#include "support/allocation_watch.h"
-
+// The allocators of a test program, as support.h describes them.
 #include <cstdlib>
-#include <cstring>
+
+#include "support/support.h"
 
 namespace {
 
@@ -9,17 +9,12 @@ test::Allocations watched = {0, 0, 0};
 int failAfter = -1;
 bool hasStruck = false;
 
-bool strikes() noexcept {
-  if (failAfter < 0 || failAfter-- > 0) return false;
-  return hasStruck = true;
-}
+bool strikes() noexcept { return failAfter >= 0 && failAfter-- == 0 && (hasStruck = true); }
 
 }  // namespace
 
 test::Allocations test::allocations() noexcept { return watched; }
-
 void test::failAllocation(int others) noexcept { failAfter = others, hasStruck = false; }
-
 bool test::hasFailed() noexcept { return failAfter = -1, hasStruck; }
 
 // The linker puts these in the place of the C allocator's calls (--wrap).
@@ -35,10 +30,8 @@ void* __wrap_calloc(std::size_t count, std::size_t bytes) {
 void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept {
   void* const block = std::malloc(bytes > 0 ? bytes : 1);
   if (block == nullptr) return nullptr;
-  std::memset(block, 0xA5, bytes);
-  ++watched.taken;
-  watched.lastBytes = bytes;
-  return block;
+  watched = {watched.taken + 1, watched.freed, bytes};
+  return std::memset(block, 0xA5, bytes);
 }
 
 void* operator new(std::size_t bytes) {
@@ -52,7 +45,6 @@ void operator delete(void* block) noexcept {
 }
 
 void operator delete(void* block, std::size_t /*bytes*/) noexcept { operator delete(block); }
-
 void* operator new[](std::size_t bytes) { return operator new(bytes); }
 void operator delete[](void* block) noexcept { operator delete(block); }
 void operator delete[](void* block, std::size_t /*bytes*/) noexcept { operator delete(block); }

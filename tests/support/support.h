@@ -1,86 +1,112 @@
-// What the tests of all rooms share: locales, the environment, fresh processes, small worlds.
+// What the tests of all rooms share: locales, the environment, fresh processes,
+// allocations that are counted and can be made to fail, pictures.
 #ifndef ATR_TESTS_SUPPORT_SUPPORT_H
 #define ATR_TESTS_SUPPORT_SUPPORT_H
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-#include <cstdlib>
-#include <memory>
-#include <string>
-#include <string_view>
+#include <new>
+#include <sstream>
 #include <tuple>
-#include <vector>
+
+#include "support/twins.h"
 
 namespace test {
 
-using namespace std::string_view_literals;
+using namespace std::string_literals;
 
 /// Sets LC_ALL for a scope; a locale that the machine lacks fails the test.
-class Locale {
- public:
-  explicit Locale(char const* name) : before_(std::setlocale(LC_ALL, nullptr)) {
-    EXPECT_NE(std::setlocale(LC_ALL, name), nullptr) << name;
-  }
-  ~Locale() { std::setlocale(LC_ALL, before_.c_str()); }
-  Locale(Locale const&) = delete;
-  Locale& operator=(Locale const&) = delete;
-
- private:
-  std::string before_;
+struct Locale {
+  explicit Locale(char const* name) { EXPECT_NE(std::setlocale(LC_ALL, name), nullptr) << name; }
+  Locale(Locale&&) = delete;
+  ~Locale() { std::setlocale(LC_ALL, before.c_str()); }
+  S const before = std::setlocale(LC_ALL, nullptr);
 };
 
 /// The locales that the build made, or the platform's own names for them.
-inline std::vector<char const*> allLocales() { return {ATR_TEST_LOCALES}; }
+constexpr char const* kLocales[] = {ATR_TEST_LOCALES};
 
 /// Sets a variable of the process environment, or removes it with a null value.
 void setVariable(char const* name, char const* value);
 
 /// A file in a folder of the running test, removed at the end of the scope.
-class TempFile {
- public:
-  TempFile(std::string const& name, std::string_view bytes);
+struct TempFile {
+  TempFile(S const& name, std::string_view bytes);
+  TempFile(TempFile&&) = delete;
   ~TempFile();
-  TempFile(TempFile const&) = delete;
-  TempFile& operator=(TempFile const&) = delete;
-  std::string const& path() const { return path_; }
-
- private:
-  std::string path_;
+  S const path;
 };
-std::string tempFolder();
+S tempFolder();
 
-/// Writes the failures of the running test to the standard error stream, for a process that cannot
-/// report them otherwise. @return how many there are.
-int reportFailures();
+/// A string whose representation can be looked at.
+struct Text : atr_String {
+  using atr_String::atr_String;
+  Text(atr_String const& other) : atr_String(other) {}
+  Text(atr_String&& other) : atr_String(std::move(other)) {}
+  atr_StringRep* r() const { return rep; }
+  char* b() const { return body; }
+};
 
-/// Calls visit(begin, end) for every text of up to `longest` of the given bytes, in a block of
-/// exactly its size and a NUL.
-template <class Visit>
-void forEachText(std::string_view bytes, std::size_t longest, Visit visit) {
-  std::vector<std::size_t> digits;
-  for (;;) {
-    auto const text = std::make_unique<char[]>(digits.size() + 1);
-    for (std::size_t i = 0; i < digits.size(); ++i) text[i] = bytes[digits[i]];
-    visit(text.get(), static_cast<char const*>(text.get()) + digits.size());
-    std::size_t i = 0;
-    while (i < digits.size() && ++digits[i] == bytes.size()) digits[i++] = 0;
-    if (i < digits.size()) continue;
-    if (digits.size() == longest) return;
-    digits.assign(digits.size() + 1, 0);
+struct Allocations {
+  int taken;              // blocks
+  int freed;              // blocks, null not counted
+  std::size_t lastBytes;  // of the last block taken
+};
+
+/// What operator new, which fills what it hands out, and delete did since the program began.
+Allocations allocations() noexcept;
+
+/// Fails one allocation of malloc, calloc or operator new, the one that comes after `others`.
+void failAllocation(int others) noexcept;
+
+/// Fails no more. @return true if the failure has struck.
+bool hasFailed() noexcept;
+
+/// Does the work while one allocation fails, the one that comes after `others`.
+bool fails(int others, auto const& work) try {
+  failAllocation(others), work();
+  return hasFailed();
+} catch (std::bad_alloc const&) {
+  return hasFailed();
+}
+
+/// Calls work(k) for k from 0 until nothing is left for its fails(k, ...) to fail.
+/// @return how many allocations there were to fail, or -1 if blocks were lost or freed twice.
+int failEach(auto const& work) {
+  for (int k = 0;; ++k) {
+    Allocations const before = allocations();
+    work(k);
+    if (allocations().taken - before.taken != allocations().freed - before.freed) return -1;
+    if (!hasFailed()) return k;
   }
 }
+
+/// The values in a row, a blank between two.
+S picture(auto const& first, auto const&... others) {
+  std::ostringstream out;
+  out << first, ((out << ' ' << others), ...);
+  return out.str();
+}
+
+/// Calls visit(text) for every text of two bytes in every locale, up to a failure.
+void forEachPair(auto const& visit) {
+  for (char const* const name : kLocales) {
+    Locale const locale(name);
+    for (int pair = 0x0101; pair <= 0xFFFF; ++pair) {
+      if (pair % 256 != 0) visit(S{static_cast<char>(pair >> 8), static_cast<char>(pair)});
+      if (::testing::Test::HasFailure()) FAIL() << name << ' ' << pair;
+    }
+  }
+}
+
+/// Ends the process, and writes the failures of the running test to the standard error stream.
+[[noreturn]] void exitWithFailures();
 
 }  // namespace test
 
 /// Runs the statements in a process of its own, where nothing has been worked out yet, and matches
 /// what it writes to the standard error stream.
-#define EXPECT_FRESH(errors, ...)            \
-  EXPECT_EXIT(                               \
-      {                                      \
-        __VA_ARGS__;                         \
-        std::exit(::test::reportFailures()); \
-      },                                     \
-      ::testing::ExitedWithCode(0), errors)
+#define EXPECT_FRESH(errors, ...) \
+  EXPECT_EXIT(__VA_ARGS__; ::test::exitWithFailures(), ::testing::ExitedWithCode(0), errors)
 
 #endif  // ATR_TESTS_SUPPORT_SUPPORT_H

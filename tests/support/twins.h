@@ -4,10 +4,27 @@
 #ifndef ATR_TESTS_SUPPORT_TWINS_H
 #define ATR_TESTS_SUPPORT_TWINS_H
 
+#include <algorithm>
+#include <climits>
+#include <clocale>
+#include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "atr/atr.h"
 
 namespace test {
+
+using S = std::string;
+
+inline S textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
+inline auto* octets(S& s) { return reinterpret_cast<unsigned char*>(s.data()); }
+inline auto* octets(S const& s) { return reinterpret_cast<unsigned char const*>(s.data()); }
+constexpr std::size_t z(auto number) { return static_cast<std::size_t>(number); }
+
+/// Bytes of the character at a position in the locale: 1 also for what is none.
+std::size_t characterBytes(S const& s, std::size_t at);
 
 struct Twin {
   char const* name;
