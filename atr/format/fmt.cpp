@@ -46,7 +46,7 @@ char atr_Fmt::Letter() {
   return letter;
 }
 
-// Room for the specification, the longest modifier and the NUL.
+// Room for the conversion, the longest modifier and the NUL.
 char* atr_Fmt::makeBuffer() {
   if (buffer == nullptr) {
     buffer = static_cast<char*>(::operator new(std::strlen(format) + kInt64Bytes + 1));

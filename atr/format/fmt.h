@@ -22,7 +22,7 @@ class atr_Fmt {
   atr_Fmt(atr_Fmt const&) = delete;
   atr_Fmt& operator=(atr_Fmt const&) = delete;
 
-  /// The letter of the specification.
+  /// The letter of the conversion.
   ATR_API char Letter();
 
   /// The whole specification with the modifier put in and, if it is not 0, `letter` in the place of
