@@ -12,17 +12,19 @@ namespace {
 
 constexpr unsigned kBad = 0xFFFFFFFF;
 
-// Measures, then writes before canaries, and expects both to agree. Answers "-1" for a failure.
+// Measures, then writes between canaries, and expects both to agree. Answers "-1" for a failure.
 S transcode(int target, int source, S const& text, char substitute = 0) {
-  S out(64, '\x5A');
+  S const canaries(8, '\x5A');
+  S out(80, '\x5A');
   auto const run = [&](unsigned char* to) {
     return atr_encoding_transcode(target, to, source, octets(text), nullptr, substitute);
   };
   int const bytes = run(nullptr);
   if (bytes < 0) return std::to_string(bytes);
-  EXPECT_EQ(run(octets(out)), bytes);
-  EXPECT_EQ(out.substr(z(bytes)), '\0' + S(z(63 - bytes), '\x5A'));
-  return out.substr(0, z(bytes));
+  EXPECT_EQ(run(octets(out) + canaries.size()), bytes);
+  EXPECT_EQ(out.substr(0, canaries.size()), canaries);
+  EXPECT_EQ(out.substr(canaries.size() + z(bytes)), '\0' + S(z(71 - bytes), '\x5A'));
+  return out.substr(canaries.size(), z(bytes));
 }
 
 S utf8(unsigned code) {

@@ -47,9 +47,11 @@ TEST(Layout, TestMode) {
     set(mode, "x", "x");
     S const text = mark + "aaa bbb " + mark + " ccc" + mark;
     EXPECT_EQ(textOf(atr_String::BreakLineString(text.c_str(), 4)), mark + folded + mark);
-    EXPECT_EQ(atr_i18nExtraCharacters(), marker);
+    char const* const first = atr_i18nExtraCharacters();
+    EXPECT_EQ(first, marker);
     std::setlocale(LC_ALL, ATR_TEST_SJIS);
-    EXPECT_EQ(atr_i18nExtraCharacters(), marker) << "made for good";
+    EXPECT_EQ(static_cast<void const*>(atr_i18nExtraCharacters()), first) << "made for good";
+    EXPECT_EQ(first, marker);
   };
   EXPECT_FRESH("", marked(ATR_TEST_SJIS, "x", mark, "aaa bbb\n" + mark + " ccc"));
   EXPECT_FRESH("", marked(ATR_TEST_SJIS, nullptr, mark, "aaa\nbbb " + mark + "\nccc"));
