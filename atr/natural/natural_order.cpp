@@ -1,7 +1,7 @@
-// Two digit runs that are equal are compared once: behind the first index of such a run there is
-// nothing left to find in it, so that equal texts cost linear time.
+// Two texts are compared where they first differ, and as numbers if that is in a run of digits.
 #include "atr/natural/natural_order.h"
 
+#include <cstddef>
 #include <cstdlib>
 
 #include "atr/natural/natural_order_runs.h"
@@ -39,19 +39,22 @@ int atr_compareRunLeft(char const* a, char const* b) noexcept {
   }
 }
 
+// Up to the first difference the texts are one text, runs of digits included, and its last run is
+// the only one that can go on in them differently.
 int strnatcmp(char const* a, char const* b) {
-  bool isInRun = false;  // of digits that are equal in both texts
-  for (;; ++a, ++b) {
-    bool const areDigits = isDigit(*a) && isDigit(*b);
-    if (areDigits && !isInRun) {
-      bool const isFraction = *a == '0' || *b == '0';
-      int const runs = isFraction ? atr_compareRunLeft(a, b) : atr_compareRunRight(a, b);
-      if (runs != 0) return runs;
-    }
-    isInRun = areDigits;
-    if (*a != *b) return order(*a, *b);
-    if (*a == '\0') return 0;
+  std::size_t at = 0;
+  for (; a[at] == b[at]; ++at) {
+    if (a[at] == '\0') return 0;
   }
+  std::size_t run = at;
+  while (run > 0 && isDigit(a[run - 1])) --run;
+  if (isDigit(a[run]) && isDigit(b[run])) {
+    bool const isFraction = a[run] == '0' || b[run] == '0';
+    int const runs =
+        isFraction ? atr_compareRunLeft(a + at, b + at) : atr_compareRunRight(a + at, b + at);
+    if (runs != 0) return runs;
+  }
+  return order(a[at], b[at]);
 }
 
 void atr_setNaturalOrder(int value) { naturalOrderFlag = value; }
