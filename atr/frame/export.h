@@ -16,4 +16,11 @@
 #define ATR_API __attribute__((visibility("default")))
 #endif
 
+/// Marks an inline member that the library offers as a symbol too, whether or not it calls it.
+#if defined(ATR_BUILD) && !defined(ATR_STATIC)
+#define ATR_INLINE_API ATR_API __attribute__((used))
+#else
+#define ATR_INLINE_API
+#endif
+
 #endif  // ATR_FRAME_EXPORT_H

@@ -36,7 +36,7 @@ class atr_String : public atr_StringBase {
   /// An empty text with room for `capacity` bytes.
   atr_String(int capacity, PreSizeEnm how) : atr_StringBase(capacity, how) {}
 
-  ATR_API ~atr_String();
+  ATR_INLINE_API ~atr_String() {}  // NOLINT(modernize-use-equals-default): a symbol
 
   /// Shares the representation of `other`.
   atr_String& operator=(atr_String const& other) {

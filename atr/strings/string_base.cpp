@@ -163,15 +163,6 @@ atr_StringBase::atr_StringBase(int capacity, PreSizeEnm) : atr_StringBase() {
 
 // --- sharing ----------------------------------------------------------------------------------
 
-// The three destructors stand side by side, so that a string ends in one call.
-atr_StringBase::~atr_StringBase() { leave(); }
-atr_String::~atr_String() = default;
-atr_StringBasePrv::~atr_StringBasePrv() = default;
-
-void atr_StringBase::leave() noexcept {
-  if (rep != nullptr && --rep->refCount == 0) Delete();
-}
-
 // The count goes up before it goes down, which makes self-assignment harmless.
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 atr_StringBase& atr_StringBase::operator=(atr_StringBase const& other) {

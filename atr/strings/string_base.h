@@ -53,7 +53,7 @@ class atr_StringBase {
   enum PreSizeEnm { PreSize };
 
   /// Leaves the representation; the last holder frees it.
-  ATR_API ~atr_StringBase();
+  ATR_INLINE_API ~atr_StringBase() { leave(); }
 
  protected:
   /// The null representation: empty, nothing allocated.
@@ -212,8 +212,9 @@ class atr_StringBase {
   void makeCopy(char const* text, int length, int capacity);
   bool tryExtend(int n) noexcept;
 
-  void share(atr_StringBase const& other) noexcept;
-  void leave() noexcept;
+  void leave() noexcept {
+    if (rep != nullptr && --rep->refCount == 0) Delete();
+  }
   bool isSoleOwnerWithRoom(int n) const noexcept;
   bool isInline() const noexcept;
   bool isAtRisk(char const* text) const noexcept;

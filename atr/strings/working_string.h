@@ -23,7 +23,7 @@ class atr_StringBasePrv : public atr_StringBase {
   /// A copy of `text`. @pre `text` is not null.
   atr_StringBasePrv(char const* text) : atr_StringBase(text) {}
 
-  ATR_API ~atr_StringBasePrv();
+  ATR_INLINE_API ~atr_StringBasePrv() {}  // NOLINT(modernize-use-equals-default): a symbol
 
   /// Takes a copy of `text`; null counts as empty.
   atr_StringBasePrv& operator=(char const* text) {
