@@ -1,27 +1,17 @@
 // Eight bytes at a time where they are ASCII, four at a time for a character of two or three bytes.
 #include "atr/encoding/fast_runs.h"
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
 #include "atr/encoding/transcoding.h"
 #include "atr/encoding/utf8_walk.h"
 #include "atr/frame/platform.h"
+#include "atr/frame/words.h"
 
 namespace atr {
 
 namespace {
-
-constexpr std::uint64_t kHighBits = 0x8080808080808080;
-constexpr std::ptrdiff_t kWord = sizeof(std::uint64_t);
-constexpr bool kIsLittleEndian = std::endian::native == std::endian::little;
-
-std::uint64_t loadWord(unsigned char const* p) noexcept {
-  std::uint64_t word;
-  std::memcpy(&word, p, sizeof word);
-  return word;
-}
 
 unsigned char const* skipAscii(unsigned char const* p, unsigned char const* end) noexcept {
   while (end - p >= kWord) {
@@ -29,7 +19,7 @@ unsigned char const* skipAscii(unsigned char const* p, unsigned char const* end)
     if (high == 0) {
       p += kWord;
     } else if constexpr (kIsLittleEndian) {
-      return p + std::countr_zero(high) / 8;
+      return p + firstMark(high);
     } else {
       break;
     }

@@ -2,7 +2,12 @@
 #include "atr/strings/string.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+
+#include "atr/frame/words.h"
+
+using namespace atr;
 
 namespace {
 
@@ -13,22 +18,45 @@ struct Field {
   int bytes;
 };
 
-char const* fieldEnd(char const* p, char const* textEnd, char delimiter) noexcept {
-  void const* const found = std::memchr(p, delimiter, static_cast<std::size_t>(textEnd - p));
-  return found != nullptr ? static_cast<char const*>(found) : textEnd;
+// Where the field at `p` ends: at a delimiter, at a NUL, or at `end`.
+char const* fieldEnd(char const* p, char const* end, char delimiter) noexcept {
+  std::uint64_t const pattern = wordOf(delimiter);
+  for (; end - p >= kWord; p += kWord) {
+    std::uint64_t const word = loadWord(p);
+    std::uint64_t const stops = zeroBytes(word ^ pattern) | zeroBytes(word);
+    if (stops == 0) continue;
+    if constexpr (kIsLittleEndian) return p + firstMark(stops);
+    break;
+  }
+  while (p != end && *p != delimiter && *p != '\0') ++p;
+  return p;
+}
+
+// Passes whole words by in which less than `fields` fields end, and takes those off.
+char const* skipFieldsByWords(char const* p, char const* end, char delimiter,
+                              int& fields) noexcept {
+  std::uint64_t const pattern = wordOf(delimiter);
+  for (; end - p >= kWord; p += kWord) {
+    std::uint64_t const word = loadWord(p);
+    int const delimiters = countMarks(zeroBytes(word ^ pattern));
+    if (delimiters >= fields || zeroBytes(word) != 0) break;
+    fields -= delimiters;
+  }
+  return p;
 }
 
 // A NUL as delimiter never matches, since the text ends there.
 Field findField(atr_String const& string, int index, char delimiter) noexcept {
-  if (index < 0 || string.IsEmpty()) return {nullptr, 0};
+  if (index < 0) return {nullptr, 0};
   char const* text = string.c_str();
-  char const* const textEnd = text + std::strlen(text);
-  char const* end = fieldEnd(text, textEnd, delimiter);
+  char const* const textEnd = text + string.length();
+  if (index > 0) text = skipFieldsByWords(text, textEnd, delimiter, index);
   for (; index > 0; --index) {
-    if (end == textEnd) return {nullptr, 0};
-    text = end + 1;
-    end = fieldEnd(text, textEnd, delimiter);
+    text = fieldEnd(text, textEnd, delimiter);
+    if (text == textEnd || *text == '\0') return {nullptr, 0};
+    ++text;
   }
+  char const* const end = fieldEnd(text, textEnd, delimiter);
   return {end != text ? text : nullptr, static_cast<int>(end - text)};
 }
 

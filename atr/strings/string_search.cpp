@@ -10,6 +10,7 @@
 
 #include "atr/frame/character_step.h"
 #include "atr/frame/platform.h"
+#include "atr/frame/words.h"
 #include "atr/strings/letter_case.h"
 #include "atr/strings/string_base.h"
 
@@ -40,16 +41,11 @@ namespace {
 // Back from `p`, a word of eight bytes at a time, towards the last `wanted` in [begin, p]; stops at
 // it, or less than a word from `begin`.
 char const* skipBackTo(char wanted, char const* p, char const* begin) noexcept {
-  constexpr std::uint64_t kLow7 = 0x7F7F7F7F7F7F7F7F;
-  std::uint64_t const pattern = kLow7 / 0x7F * static_cast<unsigned char>(wanted);
-  for (; p - begin >= 8; p -= 8) {
-    std::uint64_t word;
-    std::memcpy(&word, p - 7, sizeof word);
-    word ^= pattern;
-    std::uint64_t const found =
-        ~(((word & kLow7) + kLow7) | word | kLow7);  // high bits of zero bytes
+  std::uint64_t const pattern = wordOf(wanted);
+  for (; p - begin >= kWord; p -= kWord) {
+    std::uint64_t const found = zeroBytes(loadWord(p - kWord + 1) ^ pattern);
     if (found == 0) continue;
-    if constexpr (std::endian::native == std::endian::little) p -= std::countl_zero(found) / 8;
+    if constexpr (kIsLittleEndian) p -= std::countl_zero(found) / 8;
     break;
   }
   return p;
@@ -86,35 +82,62 @@ atr_StringBase& atr_StringBase::LeftTrim(char const* set) {
 
 namespace {
 
-using ByteSet = std::array<bool, 256>;
+// 0 for each byte that is in a set, and 1 for all others.
+using OtherBytes = std::array<unsigned char, 256>;
 
-ByteSet byteSet(char const* set) noexcept {
-  ByteSet bytes{};
-  for (; *set != '\0'; ++set) bytes[static_cast<unsigned char>(*set)] = true;
-  return bytes;
+OtherBytes bytesOtherThan(char const* set) noexcept {
+  OtherBytes others;
+  others.fill(1);
+  for (; *set != '\0'; ++set) others[static_cast<unsigned char>(*set)] = 0;
+  return others;
 }
 
 }  // namespace
 
 atr_StringBase& atr_StringBase::RightTrim(char const* set) {
   assert(set != nullptr);
-  ByteSet isIn = byteSet(set);
-  isIn[0] = true;  // a NUL at the end of a text shows nowhere
+  OtherBytes isOther = bytesOtherThan(set);
+  isOther[0] = 0;  // a NUL at the end of a text shows nowhere
   int end = lengthOf(*this);
-  while (end != 0 && isIn[static_cast<unsigned char>(body[end - 1])]) --end;
+  while (end != 0 && isOther[static_cast<unsigned char>(body[end - 1])] == 0) --end;
   return end < lengthOf(*this) ? Erase(end, kAll) : *this;
 }
+
+namespace {
+
+// Copies the bytes of [p, end) that are not in a set down to `out`, and answers where they end.
+char* copyOthers(char* out, char const* p, char const* end, OtherBytes const& isOther) noexcept {
+  for (; p != end; ++p) {
+    *out = *p;
+    out += isOther[static_cast<unsigned char>(*p)];
+  }
+  return out;
+}
+
+// Loads a word before it stores into it.
+char* copyOthersByWords(char* out, char const* p, char const* end,
+                        OtherBytes const& isOther) noexcept {
+  for (; end - p >= kWord; p += kWord) {
+    std::uint64_t word = loadWord(p);
+    for (int i = 0; i < kWord; ++i, word >>= 8) {
+      auto const byte = static_cast<unsigned char>(word);
+      *out = static_cast<char>(byte);
+      out += isOther[byte];
+    }
+  }
+  return copyOthers(out, p, end, isOther);
+}
+
+}  // namespace
 
 atr_StringBase& atr_StringBase::Trim(char const* set) {
   assert(set != nullptr);
   if (rep == nullptr) return *this;
-  ByteSet const isIn = byteSet(set);
+  OtherBytes const isOther = bytesOtherThan(set);
   isolate(rep->length);
-  char* kept = body;
-  for (char const *p = body, *const end = body + textEnd(); p != end; ++p) {
-    *kept = *p;
-    kept += isIn[static_cast<unsigned char>(*p)] ? 0 : 1;
-  }
+  char const* const end = body + textEnd();
+  char* const kept = kIsLittleEndian ? copyOthersByWords(body, body, end, isOther)
+                                     : copyOthers(body, body, end, isOther);
   *kept = '\0';
   rep->length = static_cast<int>(kept - body);
   return *this;

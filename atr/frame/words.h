@@ -1,0 +1,45 @@
+// Eight bytes of a text at a time, in a 64-bit word: what the fast forms of searches and walks
+// share.
+#ifndef ATR_FRAME_WORDS_H
+#define ATR_FRAME_WORDS_H
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace atr {
+
+constexpr std::ptrdiff_t kWord = sizeof(std::uint64_t);
+constexpr std::uint64_t kLowBits = 0x0101010101010101;   // of each byte
+constexpr std::uint64_t kHighBits = 0x8080808080808080;  // likewise
+constexpr bool kIsLittleEndian = std::endian::native == std::endian::little;
+
+/// @pre `p` has eight readable bytes.
+inline std::uint64_t loadWord(void const* p) noexcept {
+  std::uint64_t word;
+  std::memcpy(&word, p, sizeof word);
+  return word;
+}
+
+/// A word of one byte eight times.
+constexpr std::uint64_t wordOf(char byte) noexcept {
+  return kLowBits * static_cast<unsigned char>(byte);
+}
+
+/// The high bit of each byte of `word` that is 0, and no other bit.
+constexpr std::uint64_t zeroBytes(std::uint64_t word) noexcept {
+  return ~(((word & ~kHighBits) + ~kHighBits) | word | ~kHighBits);
+}
+
+/// The bytes that have their high bit set in `marks`, a word of high bits.
+constexpr int countMarks(std::uint64_t marks) noexcept {
+  return static_cast<int>((marks >> 7) * kLowBits >> 56);
+}
+
+/// The index of the first byte marked, where words are little-endian. @pre there is one.
+constexpr int firstMark(std::uint64_t marks) noexcept { return std::countr_zero(marks) / 8; }
+
+}  // namespace atr
+
+#endif  // ATR_FRAME_WORDS_H
