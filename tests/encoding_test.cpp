@@ -49,6 +49,25 @@ TEST(Encoding, Utf8CodesRoundTrip) {
   for (int bit = 7; bit < 32; ++bit) check((1U << bit) - 1), check(1U << bit);
 }
 
+// What the fast runs take by the block: each character that ends one, at each place of a block.
+TEST(Encoding, LongRunsAgreeWithTheLoop) {
+  Locale const set(ATR_TEST_ASCII_LETTERS);
+  Twin const& twin =
+      *std::ranges::find(kTwins, S("encodings"), [](Twin const& t) { return t.name; });
+  for (S const filler : {"aaaaa", "\xC3\xA9", "\xC3\xA9 bcd", "ab\xE3\x81\x82"})
+    for (S const other : {"", "\xC1\xBF", "\xE0\x9F\x80", "\xE0\xA0\x80", "\xED\x9F\xBF",
+                          "\xED\xA0\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x90\x80\x80",
+                          "\xC3", "\xC4\x80", "\xE3\x81", "\x81", "\xFF"})
+      for (std::size_t const at :
+           {0, 1, 2, 3, 29, 30, 31, 32, 33, 61, 62, 63, 64, 65, 66, 67, 68, 150}) {
+        S text;
+        while (text.size() < 200)
+          text += text.size() >= at && text.size() < at + filler.size() ? other + filler : filler;
+        for (std::size_t const cut : {0U, 1U, 2U, 5U, 60U, 130U})
+          ASSERT_NO_THROW(twin.run(std::string_view(text).substr(0, text.size() - cut)));
+      }
+}
+
 TEST(Encoding, Utf8Rows) {
   // clang-format off
   std::tuple<S, unsigned, int> const rows[] = {

@@ -1,12 +1,14 @@
-// Eight bytes at a time where they are ASCII, four at a time for a character of two or three bytes.
+// Characters one by one and, beside them, whole blocks in loops that the compiler makes vectors of.
 #include "atr/encoding/fast_runs.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
 #include "atr/encoding/transcoding.h"
 #include "atr/encoding/utf8_walk.h"
 #include "atr/frame/platform.h"
+#include "atr/frame/wide_vectors.h"
 #include "atr/frame/words.h"
 
 namespace atr {
@@ -36,23 +38,6 @@ bool isTriple(unsigned char const* p) noexcept {
   return (p[0] & 0xF0) == 0xE0 && isContinuation(p[1]) && isContinuation(p[2]);
 }
 
-// Over characters of three bytes, two at a time while there is a word to look at. With `isStrict`
-// the first bytes E0 and ED, which have forms of no good, end it.
-template <bool isStrict>
-unsigned char const* skipTriples(unsigned char const* p, unsigned char const* end) noexcept {
-  constexpr unsigned int kGoodFirst = isStrict ? 0xDFFE : 0xFFFF;  // by the first byte's low bits
-  constexpr std::uint64_t kMask = 0xC0C0F0C0C0F0;
-  constexpr std::uint64_t kTwoTriples = 0x8080E08080E0;
-  while (kIsLittleEndian && end - p >= kWord) {
-    std::uint64_t const word = loadWord(p);
-    unsigned int const isGood = kGoodFirst >> (word & 0xF) & kGoodFirst >> (word >> 24 & 0xF) & 1U;
-    if ((word & kMask) != kTwoTriples || isGood == 0) break;
-    p += 6;
-  }
-  while (end - p >= 3 && isTriple(p) && (kGoodFirst >> (p[0] & 0xFU) & 1U) != 0) p += 3;
-  return p;
-}
-
 // Bytes of the character at `p` if it is a shortest form of a code that every UTF-8 has, else 0.
 int strictLength(unsigned char const* p, unsigned char const* end) noexcept {
   if (*p < 0x80) return 1;
@@ -66,17 +51,6 @@ int strictLength(unsigned char const* p, unsigned char const* end) noexcept {
   if (!isContinuation(p[1]) || !isContinuation(p[2]) || !isContinuation(p[3])) return 0;
   bool const isInRange = (p[0] > 0xF0 || p[1] >= 0x90) && (p[0] < 0xF4 || p[1] < 0x90);
   return isInRange ? 4 : 0;
-}
-
-// Passes on the bytes up to `to` as they are.
-void copyTo(TranscodingState& state, unsigned char const* to) noexcept {
-  auto const bytes = static_cast<std::size_t>(to - state.text);
-  if (state.out != nullptr) {
-    std::memcpy(state.out, state.text, bytes);
-    state.out += bytes;
-  }
-  state.text = to;
-  state.total += bytes;
 }
 
 bool isSingleByte(int encoding, platform::Codeset codeset) noexcept {
@@ -99,48 +73,192 @@ FastRun fastRunBetween(int target, int source) noexcept {
   return nullptr;
 }
 
-void copyUtf8(TranscodingState& state, unsigned char const* end) {
-  unsigned char const* p = state.text;
-  while (p != end) {
+unsigned char const* skipStrictUtf8(unsigned char const* p, unsigned char const* until,
+                                    unsigned char const* end) noexcept {
+  while (p < until) {
     p = skipAscii(p, end);
-    p = skipTriples<true>(p, end);
-    if (p == end) break;
+    if (p >= until) break;
     int const bytes = strictLength(p, end);
     if (bytes == 0) break;
     p += bytes;
   }
-  copyTo(state, p);
+  return p;
 }
 
 namespace {
 
-// A whole word is stored only where all of it is output. Overlong pairs are for the loop: UTF-8 as
-// a row takes them, as a locale it does not.
-template <bool isWriting>
-void narrow(TranscodingState& state, unsigned char const* end) noexcept {
-  unsigned char const* p = state.text;
-  unsigned char* out = state.out;
-  unsigned char const* const start = p;
-  std::size_t pairs = 0;
-  for (;;) {
-    for (; end - p >= kWord && (loadWord(p) & kHighBits) == 0; p += kWord) {
-      if constexpr (isWriting) std::memcpy(out, p, sizeof(std::uint64_t)), out += kWord;
+constexpr std::ptrdiff_t kBlock = 64;    // bytes; two vectors, and enough to pay for their end
+constexpr std::ptrdiff_t kLookBack = 2;  // bytes before a block that are read with it
+
+bool isAsciiBlock(unsigned char const* p) noexcept {
+  std::uint64_t any = 0;
+  for (std::ptrdiff_t i = 0; i < kBlock; i += kWord) any |= loadWord(p + i);
+  return (any & kHighBits) == 0;
+}
+
+// Whether a byte of text that is strict up to there has no place behind the two before it, or is of
+// a character of four bytes. Without a branch, for the vectors.
+inline bool isOutOfPlace(unsigned char byte, unsigned char before, unsigned char second) noexcept {
+  bool const isDue = (before >= 0xC0) | (second >= 0xE0);
+  bool const isOther = (byte >= 0xF0) | ((byte & 0xFE) == 0xC0);
+  bool const isOverlong = (before == 0xE0) & (byte < 0xA0);
+  bool const isSurrogate = (before == 0xED) & (byte >= 0xA0);
+  return (isDue != isContinuation(byte)) | isOther | isOverlong | isSurrogate;
+}
+
+// Over blocks of strict characters of up to three bytes. Each begins with a character, and what of
+// its last one is cut off begins the next; the last block ends with the text. @pre `p` has
+// kLookBack bytes of the text before it.
+ATR_WIDE_VECTORS unsigned char const* skipBlocks(unsigned char const* p, unsigned char const* end) {
+  if (end - p < kBlock) return p;
+  while (p != end) {
+    unsigned char const* const block = end - p < kBlock ? end - kBlock : p;
+    if (!isAsciiBlock(block)) {
+      unsigned char bad = 0;
+      for (int i = 0; i < kBlock; ++i) {
+        bool const isBad = isOutOfPlace(block[i], block[i - 1], block[i - 2]);
+        bad = static_cast<unsigned char>(bad | (isBad ? 0xFF : 0));
+      }
+      if (bad != 0) break;
     }
-    for (; p != end && *p < 0x80; ++p) {
-      if constexpr (isWriting) *out++ = *p;
-    }
-    if (end - p < 2 || !isPair(p) || p[0] < 0xC2 || p[0] > 0xC3) break;
-    if constexpr (isWriting) *out++ = static_cast<unsigned char>(p[0] << 6 | (p[1] & 0x3F));
-    p += 2;
-    ++pairs;
+    p = block + kBlock;
+    int const cut = p[-1] >= 0xC0 ? 1 : p[-2] >= 0xE0 ? 2 : 0;
+    p -= cut;
+    if (cut != 0 && p + cut == end) break;
   }
-  state = {p, out, state.total + static_cast<std::size_t>(p - start) - pairs};
+  return p;
+}
+
+}  // namespace
+
+// The first characters, which nothing stands before, a block of other characters, and the last ones
+// go one by one.
+unsigned char const* skipStrictUtf8ByBlocks(unsigned char const* p,
+                                            unsigned char const* end) noexcept {
+  std::ptrdiff_t slow = kLookBack;
+  for (;;) {
+    unsigned char const* const until = p + std::min(slow, end - p);
+    p = skipStrictUtf8(p, until, end);
+    if (p < until || p == end) return p;
+    p = skipBlocks(p, end);
+    slow = kBlock;
+  }
+}
+
+namespace {
+
+// Passes on the bytes up to `to` as they are.
+void copyTo(TranscodingState& state, unsigned char const* to) noexcept {
+  auto const bytes = static_cast<std::size_t>(to - state.text);
+  if (state.out != nullptr) {
+    std::memcpy(state.out, state.text, bytes);
+    state.out += bytes;
+  }
+  state.text = to;
+  state.total += bytes;
+}
+
+}  // namespace
+
+void copyUtf8(TranscodingState& state, unsigned char const* end) {
+  copyTo(state, skipStrictUtf8ByBlocks(state.text, end));
+}
+
+namespace {
+
+constexpr std::ptrdiff_t kLongestForm = 6;  // bytes of UTF-8 that may come to one byte
+
+// The byte of a code from 0x80 to 0xFF.
+unsigned char narrowPair(unsigned int first, unsigned int second) noexcept {
+  return static_cast<unsigned char>(first << 6 | (second & 0x3F));
+}
+
+// Narrows `word` if one such pair, at `at`, is all that it has beside ASCII.
+bool narrowOnePair(std::uint64_t& word, std::uint64_t marks, int at) noexcept {
+  if (at > kWord - 2 || marks != std::uint64_t{0x8080} << 8 * at) return false;
+  auto const pair = static_cast<unsigned int>(word >> 8 * at & 0xFFFF);
+  if ((pair & 0xC0FE) != 0x80C2) return false;
+  std::uint64_t const before = (std::uint64_t{1} << 8 * at) - 1;
+  std::uint64_t const code = narrowPair(pair & 0xFF, pair >> 8);
+  word = (word & before) | code << 8 * at | (word >> 8 & ~before & ~(before << 8 | 0xFF));
+  return true;
+}
+
+// Up to the first character at or behind `until`, or that is no pair of a code of one byte.
+// Overlong pairs are for the loop: UTF-8 as a row takes them, as a locale it does not. A whole word
+// is stored, to be written over, where what is left of the text makes a word of output at least.
+template <bool isWriting>
+void narrow(TranscodingState& state, unsigned char const* until,
+            unsigned char const* end) noexcept {
+  unsigned char const* p = state.text;
+  std::ptrdiff_t made = 0;
+  auto const pass = [&](std::ptrdiff_t bytes) noexcept {
+    p += bytes;
+    made += bytes;
+  };
+  while (p < until) {
+    if (kIsLittleEndian && end - p >= kLongestForm * kWord) {
+      std::uint64_t word = loadWord(p);
+      std::uint64_t const marks = word & kHighBits;
+      int const at = marks == 0 ? static_cast<int>(kWord) : firstMark(marks);
+      bool const hasOnePair = marks != 0 && narrowOnePair(word, marks, at);
+      if constexpr (isWriting) std::memcpy(state.out + made, &word, sizeof word);
+      if (marks == 0 || hasOnePair) {
+        p += kWord;
+        made += hasOnePair ? kWord - 1 : kWord;
+        continue;
+      }
+      pass(at);
+    } else if (*p < 0x80) {
+      if constexpr (isWriting) state.out[made] = *p;
+      pass(1);
+      continue;
+    }
+    if (end - p < 2 || (p[0] & 0xFE) != 0xC2 || !isContinuation(p[1])) break;
+    if constexpr (isWriting) {
+      state.out[made] = narrowPair(p[0], p[1]);
+    }
+    p += 2;
+    ++made;
+  }
+  state.text = p;
+  if constexpr (isWriting) state.out += made;
+  state.total += static_cast<std::size_t>(made);
+}
+
+// Measures blocks of ASCII and such pairs, as skipBlocks goes.
+ATR_WIDE_VECTORS void measureNarrowBlocks(TranscodingState& state, unsigned char const* end) {
+  unsigned char const* p = state.text;
+  while (end - p >= kBlock) {
+    unsigned char bad = 0;
+    unsigned char pairs = 0;
+    for (int i = 0; i < kBlock; ++i) {
+      bool const isSecond = isContinuation(p[i]);
+      bool const isOther = (p[i] >= 0xC0) & ((p[i] & 0xFE) != 0xC2);
+      bool const isBad = ((p[i - 1] >= 0xC0) != isSecond) | isOther;
+      bad = static_cast<unsigned char>(bad | (isBad ? 0xFF : 0));
+      pairs = static_cast<unsigned char>(pairs + (isSecond ? 1 : 0));
+    }
+    if (bad != 0) break;
+    bool const isCut = p[kBlock - 1] >= 0xC0;
+    p += isCut ? kBlock - 1 : kBlock;
+    state.total += static_cast<std::size_t>(kBlock - pairs - (isCut ? 1 : 0));
+  }
+  state.text = p;
 }
 
 }  // namespace
 
 void narrowUtf8(TranscodingState& state, unsigned char const* end) {
-  state.out != nullptr ? narrow<true>(state, end) : narrow<false>(state, end);
+  if (state.out != nullptr) return narrow<true>(state, end, end);
+  std::ptrdiff_t slow = kLookBack;
+  for (;;) {
+    unsigned char const* const until = state.text + std::min(slow, end - state.text);
+    narrow<false>(state, until, end);
+    if (state.text < until || state.text == end) return;
+    measureNarrowBlocks(state, end);
+    slow = kBlock;
+  }
 }
 
 void widenToUtf8(TranscodingState& state, unsigned char const* end) {
@@ -153,16 +271,6 @@ void widenToUtf8(TranscodingState& state, unsigned char const* end) {
       *state.out++ = static_cast<unsigned char>(0x80 | (byte & 0x3F));
     }
     state.total += 2;
-  }
-}
-
-unsigned char const* skipCommonUtf8(unsigned char const* p, unsigned char const* end) noexcept {
-  for (;;) {
-    unsigned char const* const before = p;
-    p = skipAscii(p, end);
-    while (end - p >= 2 && isPair(p)) p += 2;
-    p = skipTriples<false>(p, end);
-    if (p == before) return p;
   }
 }
 

@@ -20,7 +20,7 @@ using FastRun = void (*)(TranscodingState& state, unsigned char const* end);
 /// The run between two encodings in the locale in force, or null if there is none.
 FastRun fastRunBetween(int target, int source) noexcept;
 
-/// UTF-8 to UTF-8: shortest forms without surrogates, up to U+10FFFF.
+/// UTF-8 to UTF-8: strict forms, as skipStrictUtf8 has them.
 void copyUtf8(TranscodingState& state, unsigned char const* end);
 
 /// UTF-8 to codes of one byte, by shortest forms.
@@ -29,9 +29,14 @@ void narrowUtf8(TranscodingState& state, unsigned char const* end);
 /// Codes of one byte to UTF-8.
 void widenToUtf8(TranscodingState& state, unsigned char const* end);
 
-/// Where [p, end) stops being UTF-8 of up to three bytes a character, in the wide form: at `end`,
-/// or at a character that has to be looked at one by one.
-unsigned char const* skipCommonUtf8(unsigned char const* p, unsigned char const* end) noexcept;
+/// The first character in [p, end) that begins at `until` or behind it, or that is not strict
+/// UTF-8, of which every UTF-8 takes the same: shortest forms, no surrogates, up to U+10FFFF.
+unsigned char const* skipStrictUtf8(unsigned char const* p, unsigned char const* until,
+                                    unsigned char const* end) noexcept;
+
+/// As skipStrictUtf8 up to `end`; ahead from about a hundred bytes on.
+unsigned char const* skipStrictUtf8ByBlocks(unsigned char const* p,
+                                            unsigned char const* end) noexcept;
 
 }  // namespace atr
 

@@ -52,7 +52,9 @@ unsigned int decodeLocale(unsigned char const* text, int* length) {
 int encodeLocale(unsigned char* out, unsigned int code) {
   char character[platform::kCharacterRoom];
   int const bytes = platform::encodeCharacter(character, code);
-  if (out != nullptr && bytes > 0) std::memcpy(out, character, static_cast<std::size_t>(bytes));
+  if (out != nullptr) {
+    for (int i = 0; i < bytes; ++i) out[i] = static_cast<unsigned char>(character[i]);
+  }
   return bytes;
 }
 
@@ -60,7 +62,7 @@ int encodeLocale(unsigned char* out, unsigned int code) {
 
 bool validateUtf8(unsigned char const* text) {
   unsigned char const* const end = text + std::strlen(reinterpret_cast<char const*>(text));
-  while ((text = skipCommonUtf8(text, end)) != end) {
+  while ((text = skipStrictUtf8ByBlocks(text, end)) != end) {
     int length = 0;
     if (atr_utf8_to_ucs4(text, &length) == kNoCode) return false;
     text += length;

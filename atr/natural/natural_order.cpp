@@ -43,11 +43,11 @@ int atr_compareRunLeft(char const* a, char const* b) noexcept {
 // the only one that can go on in them differently.
 int strnatcmp(char const* a, char const* b) {
   std::size_t at = 0;
+  std::size_t run = 0;
   for (; a[at] == b[at]; ++at) {
     if (a[at] == '\0') return 0;
+    run = isDigit(a[at]) ? run : at + 1;
   }
-  std::size_t run = at;
-  while (run > 0 && isDigit(a[run - 1])) --run;
   if (isDigit(a[run]) && isDigit(b[run])) {
     bool const isFraction = a[run] == '0' || b[run] == '0';
     int const runs =

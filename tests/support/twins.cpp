@@ -160,6 +160,8 @@ void encodings(std::string_view bytes) {
     };
     require(transcode(nullptr) == result && transcode(octets(out) + 8) == result, text);
     if (result >= 0) same(out, canary + expected + '\0' + canary, text);
+    if (source == EncodingUtf8 && target == EncodingUtf8)
+      require(atr_encoding_validate(EncodingUtf8, octets(text)) == (result >= 0), text);
   }
 }
 
