@@ -52,16 +52,25 @@ void makeFiles(int entries) {
   bindtextdomain(domain.c_str(), folder.c_str());
 }
 
-// Makes these entries the table, or 0 none; asking twice costs nothing.
-void load(int entries);
-
-void enable(int entries) {
+// Makes the environment ask for these entries; asking twice costs nothing.
+void select(int entries) {
+  static int selected = -1;
+  if (selected == entries) return;
   setenv("ZELTRA_SUPPORTED_LOCALE", "1", 1);
   setenv("ZELTRA_TRANSLATION_DICTIONARY", ("d" + std::to_string(entries) + ".py").c_str(), 1);
   setenv("ZELTRA_LANG", "C.UTF-8", 1);
   setenv("ZEL_PATH", folder.c_str(), 1);
+  selected = entries;
+}
+
+int loaded = 0;
+
+// Makes these entries the table, or 0 none; asking twice costs nothing.
+void load(int entries) {
+  if (loaded == entries) return;
   atr_tr_enable(false);
-  atr_tr_enable(true);
+  if (entries > 0) select(entries), atr_tr_enable(true);
+  loaded = entries;
 }
 
 std::unordered_map<std::string, std::string> loadByHand(int entries) {
@@ -75,16 +84,14 @@ std::unordered_map<std::string, std::string> loadByHand(int entries) {
   return table;
 }
 
-void load(int entries) {
-  static int loaded = -1;
-  if (loaded == entries) return;
-  entries > 0 ? enable(entries) : atr_tr_enable(false);
-  loaded = entries;
-}
-
 void loading(int entries) {
   std::string const name = "load and release " + std::to_string(entries);
-  ours(name, [entries] { enable(entries); });
+  ours(name, [entries] {
+    select(entries);
+    atr_tr_enable(true);
+    atr_tr_enable(false);
+    loaded = 0;
+  });
   side(name, "getline+unordered_map", 2, [entries] {
     auto table = loadByHand(entries);
     DoNotOptimize(table);

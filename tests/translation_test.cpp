@@ -1,10 +1,12 @@
 // Translation: the file, the table, the lookup and the environment that selects them.
 #include <filesystem>
+#include <random>
 #include <thread>
 
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
 #include "atr/translation/dictionary_reader.h"
+#include "atr/translation/key_index.h"
 #include "atr/translation/message_lookup.h"
 #include "atr/translation/translation_table.h"
 #include "support/support.h"
@@ -123,6 +125,37 @@ TEST(Translation, Lookup) {
   }
   atr_trTable = {nullptr, 0};
   EXPECT_EQ(atr_raw(nullptr).c_str(), atr_emptyText);
+}
+
+// What large tables have beside the plain sort and search, also for keys made to collide, and
+// without the memory for it.
+TEST(Translation, LargeTables) {
+  std::mt19937 random(1);
+  std::vector<S> shortKeys, longKeys, colliding;
+  for (int i = 0; i < 3000; ++i) {
+    S key(random() % 12, 'a'), same(random() % 3 * 9, 'x');
+    for (char& c : key) c = "ab\xC3\x7F"[random() % 4];
+    shortKeys.push_back(key), longKeys.push_back(same + key);
+  }
+  for (int i = 0; colliding.size() < 400; ++i)
+    if (S const key = std::to_string(i); atr::hashOf(key) % 1024 == 0) colliding.push_back(key);
+  for (auto keys : {shortKeys, longKeys, colliding, std::vector<S>(100, "same")})
+    for (int const others : {0, 1, 2, 99}) {
+      std::vector<TranslationEntry> entries;
+      for (S& key : keys) entries.push_back({key.data(), &key[0]});
+      auto expected = entries;
+      std::ranges::stable_sort(expected, {}, [](auto const& e) { return S(e.key); });
+      atr_trTable = {entries.data(), static_cast<int>(entries.size())};
+      EXPECT_TRUE(fails(others, [] { atr_trSort(); }) || others > 1);
+      for (std::size_t i = 0; i < entries.size(); ++i) {
+        ASSERT_EQ(entries[i].text, expected[i].text) << i;
+        bool const isLast = i + 1 == entries.size() || S(entries[i].key) != entries[i + 1].key;
+        ASSERT_TRUE(!isLast || atr_trFind(entries[i].key) == entries[i].text) << i;
+        ASSERT_EQ(atr_trFind(S(entries[i].key) + "?"), nullptr);
+      }
+      atr_trTable = {nullptr, 0};
+      atr_trReleaseDB();
+    }
 }
 
 TEST(Translation, CompareAndRelease) {

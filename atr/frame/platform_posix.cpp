@@ -35,13 +35,13 @@ std::FILE* openText(char const* path) noexcept {
 
 // The pair may straddle the buffer's end: there the CR is the buffer's last byte, and the LF is
 // still to come.
-char* readLine(char* line, int size, std::FILE* stream) noexcept {
-  if (std::fgets(line, size, stream) == nullptr) return nullptr;
-  std::size_t const length = std::strlen(line);
+int readLine(char* line, int size, std::FILE* stream) noexcept {
+  if (fgets_unlocked(line, size, stream) == nullptr) return -1;
+  auto length = static_cast<int>(std::strlen(line));
   if (length >= 2 && line[length - 1] == '\n' && line[length - 2] == '\r') {
     line[length - 2] = '\n';
-    line[length - 1] = '\0';
-  } else if (length + 1 == static_cast<std::size_t>(size) && line[length - 1] == '\r') {
+    line[--length] = '\0';
+  } else if (length + 1 == size && line[length - 1] == '\r') {
     int const next = std::getc(stream);
     if (next == '\n') {
       line[length - 1] = '\n';
@@ -49,7 +49,7 @@ char* readLine(char* line, int size, std::FILE* stream) noexcept {
       std::ungetc(next, stream);
     }
   }
-  return line;
+  return length;
 }
 
 Codeset currentCodeset() noexcept {

@@ -32,8 +32,8 @@ std::FILE* openText(char const* path) noexcept {
 }
 
 // Text mode has turned every CR LF into an LF.
-char* readLine(char* line, int size, std::FILE* stream) noexcept {
-  return std::fgets(line, size, stream);
+int readLine(char* line, int size, std::FILE* stream) noexcept {
+  return std::fgets(line, size, stream) != nullptr ? static_cast<int>(std::strlen(line)) : -1;
 }
 
 // No code page is known by name: each has its own ways with bytes that are no character.

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 
+#include "atr/encoding/fast_runs.h"
 #include "atr/encoding/transcoding.h"
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
@@ -22,7 +23,7 @@ using Block = std::unique_ptr<char, MemoryRelease>;
 constexpr int kLineRoom = 8192;  // bytes of a line and its NUL; a longer line comes in pieces
 constexpr char kMarker[] = "'] = r'";
 constexpr std::size_t kMarkerBytes = sizeof kMarker - 1;
-constexpr std::size_t kClosingBytes = 2;  // a quote and a newline, whatever they really are
+constexpr int kClosingBytes = 2;  // a quote and a newline, whatever they really are
 constexpr char kSubstitute = '?';
 
 // line = { byte } "'" key "'] = r'" value closing
@@ -30,24 +31,32 @@ struct EntryLine {
   char* key;
   int keyBytes;  // negative if the line's first quote is the marker's own
   char* value;   // up to the NUL of the line, closing included
+  int valueBytes;
 };
 
-bool findEntry(char* line, EntryLine& entry) noexcept {
+bool findEntry(char* line, int bytes, EntryLine& entry) noexcept {
   char* const marker = std::strstr(line, kMarker);
   if (marker == nullptr) return false;
   entry.key = std::strchr(line, '\'') + 1;
   entry.keyBytes = static_cast<int>(marker - entry.key);
   entry.value = marker + kMarkerBytes;
+  entry.valueBytes = static_cast<int>(line + bytes - entry.value);
   return true;
 }
 
-void cutClosing(char* value) noexcept {
-  std::size_t const bytes = std::strlen(value);
-  if (bytes >= kClosingBytes) value[bytes - kClosingBytes] = '\0';
+void cutClosing(EntryLine& entry) noexcept {
+  if (entry.valueBytes < kClosingBytes) return;
+  entry.valueBytes -= kClosingBytes;
+  entry.value[entry.valueBytes] = '\0';
 }
 
 unsigned char const* asBytes(char const* text) noexcept {
   return reinterpret_cast<unsigned char const*>(text);
+}
+
+bool isStrictUtf8(EntryLine const& line) noexcept {
+  unsigned char const* const end = asBytes(line.value) + line.valueBytes;
+  return skipStrictUtf8ByBlocks(asBytes(line.value), end) == end;
 }
 
 int measure(char const* value, char substitute) noexcept {
@@ -57,8 +66,9 @@ int measure(char const* value, char substitute) noexcept {
 std::size_t countEntries(std::FILE* stream, char* line) noexcept {
   std::size_t count = 0;
   EntryLine entry;
-  while (platform::readLine(line, kLineRoom, stream) != nullptr) {
-    if (findEntry(line, entry) && atr_encoding_validate(EncodingUtf8, asBytes(entry.value))) {
+  for (int bytes = 0; (bytes = platform::readLine(line, kLineRoom, stream)) >= 0;) {
+    if (findEntry(line, bytes, entry) &&
+        atr_encoding_validate(EncodingUtf8, asBytes(entry.value))) {
       ++count;
     }
   }
@@ -87,15 +97,14 @@ bool warnsOfEncoding() noexcept {
   return flag == Flag::on;
 }
 
-// The value is judged before and after its escapes are decoded. Without escapes the first measure
-// stands; with them the text is measured again, so that its block is as large as what is written.
-Block convertValue(EntryLine const& line, int measured) noexcept {
-  bool const hasEscapes = std::strchr(line.value, '\\') != nullptr;
+// The value is judged before and after its escapes are decoded, and measured behind them, so that
+// its block is as large as what is written.
+Block convertValue(EntryLine const& line, bool warns) noexcept {
   atr_trDecodeEscapes(line.value);
-  if (warnsOfEncoding() && measure(line.value, 0) == -2) {
+  if (warns && measure(line.value, 0) == -2) {
     atr_trWarnEncoding(line.key, line.keyBytes);
   }
-  int const bytes = hasEscapes ? measure(line.value, kSubstitute) : measured;
+  int const bytes = measure(line.value, kSubstitute);
   if (bytes < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);
     return nullptr;
@@ -108,16 +117,23 @@ Block convertValue(EntryLine const& line, int measured) noexcept {
   return text;
 }
 
+// Strict UTF-8 without escapes is what a UTF-8 locale makes of it.
+bool staysAsItIs(EntryLine const& line) noexcept {
+  return platform::currentCodeset() == platform::Codeset::utf8 && isStrictUtf8(line) &&
+         std::memchr(line.value, '\\', static_cast<std::size_t>(line.valueBytes)) == nullptr;
+}
+
 // Takes the entry over unless it is bad, there is no memory for it, or the array is full.
-void storeEntry(EntryLine const& line, int capacity) noexcept {
-  cutClosing(line.value);
-  int const measured = measure(line.value, kSubstitute);
-  if (measured < 0) {
+void storeEntry(EntryLine& line, int capacity) noexcept {
+  cutClosing(line);
+  bool const isPlain = staysAsItIs(line);
+  if (!isPlain && measure(line.value, kSubstitute) < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);
     return;
   }
+  bool const warns = warnsOfEncoding();
   Block key = copyOf(line.key, line.keyBytes);
-  Block text = convertValue(line, measured);
+  Block text = isPlain ? copyOf(line.value, line.valueBytes) : convertValue(line, warns);
   if (key == nullptr || text == nullptr || atr_trTable.count == capacity) return;
   atr_trDecodeEscapes(key.get());
   atr_trTable.entries[atr_trTable.count++] = {key.release(), text.release()};
@@ -138,8 +154,8 @@ void atr_trReadDictionary(std::FILE* stream) noexcept {
   if (atr_trTable.entries == nullptr) return;
   std::rewind(stream);
   EntryLine entry;
-  while (platform::readLine(line, kLineRoom, stream) != nullptr) {
-    if (findEntry(line, entry) && entry.keyBytes >= 0) {
+  for (int bytes = 0; (bytes = platform::readLine(line, kLineRoom, stream)) >= 0;) {
+    if (findEntry(line, bytes, entry) && entry.keyBytes >= 0) {
       storeEntry(entry, static_cast<int>(counted));
     }
   }

@@ -3,9 +3,11 @@
 #include "atr/translation/message_lookup.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "atr/encoding/encoding_table.h"
+#include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
 #include "atr/translation/translation.h"
 #include "atr/translation/translation_table.h"
@@ -23,15 +25,28 @@ int encode(MessageText const& message, unsigned char* out) noexcept {
                                 kSubstitute);
 }
 
-// The key without its tail, as it stands.
-MessageText ownText(char const* key, bool& hasHighByte) noexcept {
-  char const* end = key;
-  unsigned char bytes = 0;
-  for (; *end != '\0' && !(end[0] == kTail[0] && end[1] == kTail[1]); ++end) {
-    bytes = static_cast<unsigned char>(bytes | static_cast<unsigned char>(*end));
+char const* findTail(char const* text, char const* end) noexcept {
+  while ((text = static_cast<char const*>(
+              std::memchr(text, kTail[0], static_cast<std::size_t>(end - text)))) != nullptr) {
+    if (text[1] == kTail[1]) return text;
+    ++text;
   }
-  hasHighByte = bytes >= 0x80;
-  return {key, static_cast<std::size_t>(end - key), 0};
+  return end;
+}
+
+bool isAscii(char const* p, char const* end) noexcept {
+  std::uint64_t bits = 0;
+  for (; end - p >= kWord; p += kWord) bits |= loadWord(p);
+  for (; p != end; ++p) bits |= static_cast<unsigned char>(*p);
+  return (bits & kHighBits) == 0;
+}
+
+// The key without its tail.
+MessageText ownText(std::string_view key) noexcept {
+  char const* const end = findTail(key.data(), key.data() + key.size());
+  MessageText message = {key.data(), static_cast<std::size_t>(end - key.data()), 0};
+  if (!isAscii(key.data(), end)) message.encodedBytes = std::max(encode(message, nullptr), 0);
+  return message;
 }
 
 }  // namespace
@@ -40,13 +55,11 @@ void MessageText::write(char* out) const noexcept {
   encode(*this, reinterpret_cast<unsigned char*>(out));
 }
 
-MessageText atr_LookupMessage(char const* key) noexcept {
+MessageText atr_LookupMessage(char const* text) noexcept {
+  std::string_view const key(text);
   char const* const translation = atr_trFind(key);
   if (translation != nullptr) return {translation, std::strlen(translation), 0};
-  bool hasHighByte = false;
-  MessageText message = ownText(key, hasHighByte);
-  if (hasHighByte) message.encodedBytes = std::max(encode(message, nullptr), 0);
-  return message;
+  return ownText(key);
 }
 
 atr_String atr_raw(char const* key) {

@@ -5,9 +5,15 @@
 #include <cstring>
 
 #include "atr/frame/memory.h"
+#include "atr/translation/key_index.h"
+#include "atr/translation/key_sort.h"
 #include "atr/translation/translation.h"
 
+using namespace atr;
+
 TranslationTable atr_trTable = {nullptr, 0};
+
+static KeyIndex keyIndex;
 
 int atr_trCompareKeys(void const* a, void const* b) noexcept {
   int const order = std::strcmp(static_cast<TranslationEntry const*>(a)->key,
@@ -15,14 +21,20 @@ int atr_trCompareKeys(void const* a, void const* b) noexcept {
   return (order > 0) - (order < 0);
 }
 
-void atr_trSort() noexcept {
+static void sortByComparing() noexcept {
   std::stable_sort(atr_trTable.entries, atr_trTable.entries + atr_trTable.count,
                    [](TranslationEntry const& a, TranslationEntry const& b) {
                      return atr_trCompareKeys(&a, &b) < 0;
                    });
 }
 
-char const* atr_trFind(char const* key) noexcept {
+void atr_trSort() noexcept {
+  bool const isLarge = atr_trTable.count >= kFewEntries;
+  if (!isLarge || !sortByPrefixes(atr_trTable.entries, atr_trTable.count)) sortByComparing();
+  keyIndex.build(atr_trTable);
+}
+
+static char const* findByHalves(char const* key) noexcept {
   char const* text = nullptr;
   TranslationEntry const* first = atr_trTable.entries;
   for (int rest = std::max(atr_trTable.count, 0); rest > 0;) {
@@ -39,7 +51,14 @@ char const* atr_trFind(char const* key) noexcept {
   return text;
 }
 
+char const* atr_trFind(std::string_view key) noexcept {
+  if (keyIndex.isEmpty()) return findByHalves(key.data());
+  TranslationEntry const* const entry = keyIndex.find(atr_trTable, key);
+  return entry != nullptr ? entry->text : nullptr;
+}
+
 void atr_trReleaseDB() {
+  keyIndex.clear();
   for (int i = 0; i < atr_trTable.count; ++i) {
     mem_Free(atr_trTable.entries[i].key);
     mem_Free(atr_trTable.entries[i].text);

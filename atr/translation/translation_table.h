@@ -2,6 +2,8 @@
 #ifndef ATR_TRANSLATION_TRANSLATION_TABLE_H
 #define ATR_TRANSLATION_TRANSLATION_TABLE_H
 
+#include <string_view>
+
 /// A pair. Both texts are blocks of mem_Malloc.
 struct TranslationEntry {
   char* key;   ///< as in the dictionary, escapes decoded; neither tested nor converted
@@ -22,11 +24,12 @@ extern TranslationTable atr_trTable;
 /// The order of two TranslationEntry by their keys, as unsigned bytes: -1, 0 or 1.
 int atr_trCompareKeys(void const* a, void const* b) noexcept;
 
-/// Sorts the entries; those with one key stay in their order.
+/// Sorts the entries and indexes them; those with one key stay in their order. Once sorted they may
+/// not change until the release.
 void atr_trSort() noexcept;
 
-/// The text of `key`, good until the release, or null. Of several entries with one key the last in
-/// the file counts.
-char const* atr_trFind(char const* key) noexcept;
+/// The text of `key`, which a NUL ends; good until the release, or null. Of several entries with
+/// one key the last in the file counts.
+char const* atr_trFind(std::string_view key) noexcept;
 
 #endif  // ATR_TRANSLATION_TRANSLATION_TABLE_H

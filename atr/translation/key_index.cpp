@@ -1,0 +1,89 @@
+// Open addressing, slot by slot. A dictionary is anybody's file, so the steps of a probe are
+// bounded: keys that take more leave the table without an index.
+#include "atr/translation/key_index.h"
+
+#include <bit>
+#include <cstring>
+
+#include "atr/frame/memory.h"
+#include "atr/frame/words.h"
+
+namespace atr {
+
+namespace {
+
+constexpr std::uint32_t kMaxProbes =
+    256;  // honest keys at half load take a quarter of that at most
+
+constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // the golden ratio's fraction
+
+std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
+  return (std::rotl(hash, 23) ^ word) * kFactor;
+}
+
+}  // namespace
+
+// Two words at a time, which do not wait for each other; the last ones overlap those before.
+std::uint32_t hashOf(std::string_view key) noexcept {
+  char const* p = key.data();
+  char const* const end = p + key.size();
+  std::uint64_t even = key.size();
+  std::uint64_t odd = kFactor;
+  if (end - p < kWord) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, p, key.size());
+    even = mixed(even, word);
+  } else {
+    for (; end - p > 2 * kWord; p += 2 * kWord) {
+      even = mixed(even, loadWord(p));
+      odd = mixed(odd, loadWord(p + kWord));
+    }
+    even = mixed(even, loadWord(end - p > kWord ? p : end - kWord));
+    odd = mixed(odd, loadWord(end - kWord));
+  }
+  return static_cast<std::uint32_t>(mixed(even, odd) >> 32);
+}
+
+bool KeyIndex::insert(TranslationTable const& table, int entry) noexcept {
+  char const* const key = table.entries[entry].key;
+  std::uint32_t const hash = hashOf(key);
+  for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
+    Slot& slot = slots_[(hash + probe) & mask_];
+    bool const isFree = slot.entry == 0;
+    if (isFree || (slot.hash == hash && std::strcmp(table.entries[slot.entry - 1].key, key) == 0)) {
+      slot = {hash, entry + 1};
+      return true;
+    }
+  }
+  return false;
+}
+
+void KeyIndex::build(TranslationTable const& table) noexcept {
+  clear();
+  if (table.count <= 0) return;
+  std::size_t const slots = std::bit_ceil(2 * static_cast<std::size_t>(table.count));
+  slots_ = static_cast<Slot*>(mem_Calloc(slots, sizeof(Slot)));
+  if (slots_ == nullptr) return;
+  mask_ = static_cast<std::uint32_t>(slots - 1);
+  for (int i = 0; i < table.count; ++i) {
+    if (!insert(table, i)) return clear();
+  }
+}
+
+void KeyIndex::clear() noexcept {
+  mem_Free(slots_);
+  slots_ = nullptr;
+}
+
+TranslationEntry const* KeyIndex::find(TranslationTable const& table,
+                                       std::string_view key) const noexcept {
+  std::uint32_t const hash = hashOf(key);
+  for (std::uint32_t at = hash;; ++at) {
+    Slot const& slot = slots_[at & mask_];
+    if (slot.entry == 0) return nullptr;
+    TranslationEntry const& entry = table.entries[slot.entry - 1];
+    if (slot.hash == hash && std::strcmp(entry.key, key.data()) == 0) return &entry;
+  }
+}
+
+}  // namespace atr

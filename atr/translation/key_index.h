@@ -1,0 +1,46 @@
+// A hash index beside the sorted table: one look for a key in the place of a search by halves.
+#ifndef ATR_TRANSLATION_KEY_INDEX_H
+#define ATR_TRANSLATION_KEY_INDEX_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "atr/translation/translation_table.h"
+
+namespace atr {
+
+/// The hash of a key. Equal keys have equal ones.
+std::uint32_t hashOf(std::string_view key) noexcept;
+
+/// The index of a table that stands. It is optional: without memory, or for keys made to collide,
+/// it stays empty, and the table is searched.
+class KeyIndex {
+ public:
+  /// Indexes a sorted table; of equal keys the last.
+  void build(TranslationTable const& table) noexcept;
+
+  /// Gives the index back.
+  void clear() noexcept;
+
+  bool isEmpty() const noexcept { return slots_ == nullptr; }
+
+  /// The entry with `key`, which a NUL ends, or null. @pre not empty, and `table` is the one that
+  /// was indexed.
+  TranslationEntry const* find(TranslationTable const& table, std::string_view key) const noexcept;
+
+ private:
+  struct Slot {
+    std::uint32_t hash;
+    int entry;  // 0 for a free slot, else its place, from 1
+  };
+
+  bool insert(TranslationTable const& table, int entry) noexcept;
+
+  Slot* slots_ = nullptr;  // a power of two of them, from mem_Calloc; half of them free at least
+  std::uint32_t mask_ = 0;
+};
+
+}  // namespace atr
+
+#endif  // ATR_TRANSLATION_KEY_INDEX_H

@@ -1,0 +1,112 @@
+// A radix sort from the first byte on, over eight bytes of each key at a time: what they have in
+// common is passed by at a glance, and few keys are sorted by comparing.
+#include "atr/translation/key_sort.h"
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+#include "atr/frame/memory.h"
+
+namespace atr {
+
+namespace {
+
+constexpr int kPrefix = sizeof(std::uint64_t);
+constexpr int kByteValues = 256;
+constexpr int kFew = 16;  // keys that cost less to compare than to count
+
+struct Keyed {
+  std::uint64_t prefix;  // the next bytes of the key, the first of them highest; 0 behind its end
+  TranslationEntry entry;
+};
+
+std::uint64_t prefixOf(char const* text) noexcept {
+  std::uint64_t prefix = 0;
+  for (int i = 0; i < kPrefix; ++i) {
+    prefix = prefix << 8 | static_cast<unsigned char>(*text);
+    if (*text != '\0') ++text;
+  }
+  return prefix;
+}
+
+bool goesOn(std::uint64_t prefix) noexcept { return (prefix & 0xFF) != 0; }
+
+// Keys that agree up to their prefixes, which begin at `depth`.
+bool isBefore(Keyed const& a, Keyed const& b, std::size_t depth) noexcept {
+  if (a.prefix != b.prefix) return a.prefix < b.prefix;
+  return goesOn(a.prefix) &&
+         std::strcmp(a.entry.key + depth + kPrefix, b.entry.key + depth + kPrefix) < 0;
+}
+
+void insertionSort(Keyed* keys, int count, std::size_t depth) noexcept {
+  for (int i = 1; i < count; ++i) {
+    Keyed const moved = keys[i];
+    int at = i;
+    for (; at > 0 && isBefore(moved, keys[at - 1], depth); --at) keys[at] = keys[at - 1];
+    keys[at] = moved;
+  }
+}
+
+std::uint64_t differencesOf(Keyed const* keys, int count) noexcept {
+  std::uint64_t differences = 0;
+  for (int i = 1; i < count; ++i) differences |= keys[i].prefix ^ keys[0].prefix;
+  return differences;
+}
+
+using Ends = std::array<int, kByteValues>;
+
+// Sorts by one byte of the prefixes, and tells where the keys with each value of it end.
+Ends distribute(Keyed* keys, int count, Keyed* scratch, int shift) noexcept {
+  Ends at{};
+  for (int i = 0; i < count; ++i) ++at[keys[i].prefix >> shift & 0xFF];
+  int next = 0;
+  for (int& place : at) next += std::exchange(place, next);
+  for (int i = 0; i < count; ++i) scratch[at[keys[i].prefix >> shift & 0xFF]++] = keys[i];
+  std::memcpy(keys, scratch, static_cast<std::size_t>(count) * sizeof *keys);
+  return at;
+}
+
+// As isBefore. The largest part of the keys goes round the loop, so that the calls within one
+// another halve the keys each.
+void sortBehind(Keyed* keys, int count, Keyed* scratch, std::size_t depth) noexcept {
+  while (count > kFew) {
+    std::uint64_t const differences = differencesOf(keys, count);
+    if (differences == 0) {
+      if (!goesOn(keys[0].prefix)) return;
+      depth += kPrefix;
+      for (int i = 0; i < count; ++i) keys[i].prefix = prefixOf(keys[i].entry.key + depth);
+      continue;
+    }
+    int const shift = (kPrefix - 1 - std::countl_zero(differences) / 8) * 8;
+    Ends const ends = distribute(keys, count, scratch, shift);
+    std::pair<int, int> largest;
+    for (int first = 0; int const end : ends) {
+      std::pair<int, int> part = {std::exchange(first, end), end};
+      if (part.second - part.first > largest.second - largest.first) std::swap(part, largest);
+      sortBehind(keys + part.first, part.second - part.first, scratch, depth);
+    }
+    keys += largest.first;
+    count = largest.second - largest.first;
+  }
+  insertionSort(keys, count, depth);
+}
+
+}  // namespace
+
+bool sortByPrefixes(TranslationEntry* first, int count) noexcept {
+  auto const room = static_cast<std::size_t>(count);
+  std::unique_ptr<Keyed, MemoryRelease> const block(
+      static_cast<Keyed*>(mem_Malloc(2 * room * sizeof(Keyed))));
+  if (block == nullptr) return false;
+  Keyed* const keys = block.get();
+  for (std::size_t i = 0; i < room; ++i) keys[i] = {prefixOf(first[i].key), first[i]};
+  sortBehind(keys, count, keys + room, 0);
+  for (std::size_t i = 0; i < room; ++i) first[i] = keys[i].entry;
+  return true;
+}
+
+}  // namespace atr
