@@ -3,6 +3,7 @@
 #define ATR_FORMAT_CONVERSION_LAYOUT_H
 
 #include <algorithm>
+#include <cstring>
 
 #include "atr/format/template_scan.h"
 
@@ -20,10 +21,19 @@ struct ConversionLayout {
   int precision = -1;  // none
 };
 
+/// True for a conversion specification of `%` and a letter alone.
+inline bool isPlain(char const* format) noexcept { return format[2] == '\0'; }
+
+/// The letter of a conversion specification, which has one.
+inline char letterOf(char const* format) noexcept {
+  return isPlain(format) ? format[1] : format[std::strlen(format) - 1];
+}
+
 /// Reads `%` { "-" | "0" } [ width ] [ "." [ precision ] ]. A template may have put `l` anywhere;
 /// an argument's size does not come from there, so they are passed over. What else stands between
 /// the precision and the letter does not count.
 inline ConversionLayout parseLayout(char const* format) noexcept {
+  if (isPlain(format)) return {};
   char const* p = format + 1;
   auto const peek = [&p]() noexcept {
     while (*p == 'l') ++p;

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <new>
 
+#include "atr/format/conversion_layout.h"
+
 namespace {
 
 // The runtime library's own word for 64 bits stands before the letter in its macros.
@@ -42,7 +44,7 @@ atr_Fmt::atr_Fmt(char const* conversion) : format(conversion), letter('\0'), buf
 atr_Fmt::~atr_Fmt() { ::operator delete(buffer); }
 
 char atr_Fmt::Letter() {
-  if (letter == '\0') letter = format[std::strlen(format) - 1];
+  if (letter == '\0') letter = atr::letterOf(format);
   return letter;
 }
 

@@ -1,8 +1,12 @@
 // Fields are bounded before a number is printed, so that every text fits its room.
 #include "atr/format/number_text.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstring>
+
+#include "atr/frame/words.h"
+#include "atr/strings/exponent.h"
 
 namespace atr {
 
@@ -10,25 +14,15 @@ namespace {
 
 constexpr std::size_t kDigitRoom = 24;  // 2^64 in octal has 22 digits
 
-// A base that the compiler knows needs no division.
-template <unsigned base>
-char* digitsBefore(char* end, unsigned long long value, char const* digitNames) noexcept {
-  for (; value != 0; value /= base) *--end = digitNames[value % base];
-  return end;
-}
-
-// The first digit; the last one stands before `end`. A zero has none.
-char* digitsBefore(char* end, char letter, unsigned long long value) noexcept {
-  switch (letter) {
-    case 'o':
-      return digitsBefore<8>(end, value, "01234567");
-    case 'x':
-      return digitsBefore<16>(end, value, "0123456789abcdef");
-    case 'X':
-      return digitsBefore<16>(end, value, "0123456789ABCDEF");
-    default:
-      return digitsBefore<10>(end, value, "0123456789");
+// Writes the digits of a number, none for 0, and answers where they end.
+char* writeDigits(char (&out)[kDigitRoom], char letter, unsigned long long value) noexcept {
+  if (value == 0) return out;
+  int const base = letter == 'o' ? 8 : letter == 'x' || letter == 'X' ? 16 : 10;
+  char* const end = std::to_chars(out, out + kDigitRoom, value, base).ptr;
+  for (char* p = out; letter == 'X' && p != end; ++p) {
+    if (*p >= 'a') *p = static_cast<char>(*p - 'a' + 'A');
   }
+  return end;
 }
 
 char* fill(char* out, char byte, int count) noexcept {
@@ -41,10 +35,8 @@ char* fill(char* out, char byte, int count) noexcept {
 
 void NumberText::printInteger(ConversionLayout const& layout, char letter, bool isNegative,
                               unsigned long long magnitude) noexcept {
-  char room[kDigitRoom];
-  char* const end = room + kDigitRoom;
-  char const* const digits = digitsBefore(end, letter, magnitude);
-  auto const digitCount = static_cast<int>(end - digits);
+  char digits[kDigitRoom];
+  auto const digitCount = static_cast<int>(writeDigits(digits, letter, magnitude) - digits);
   int const sign = isNegative ? 1 : 0;
   bool const isZeroFilled = layout.isZeroPadded && !layout.isLeft && layout.precision < 0;
   int const leastDigits =
@@ -54,9 +46,10 @@ void NumberText::printInteger(ConversionLayout const& layout, char letter, bool 
   char* out = fill(text_, ' ', layout.isLeft ? 0 : blanks);
   out = fill(out, '-', sign);
   out = fill(out, '0', zeros);
-  std::memcpy(out, digits, static_cast<std::size_t>(digitCount));
+  copyBytes(out, digits, static_cast<std::size_t>(digitCount));
   out = fill(out + digitCount, ' ', layout.isLeft ? blanks : 0);
   *out = '\0';
+  bytes_ = static_cast<std::size_t>(out - text_);
 }
 
 void NumberText::printCharacter(ConversionLayout const& layout, char byte) noexcept {
@@ -64,6 +57,11 @@ void NumberText::printCharacter(ConversionLayout const& layout, char byte) noexc
   *out++ = byte;
   out = fill(out, ' ', layout.isLeft ? layout.width - 1 : 0);
   *out = '\0';
+  bytes_ = std::strlen(text_);
+}
+
+void NumberText::fixExponent() noexcept {
+  bytes_ -= static_cast<std::size_t>(shortenExponent(text_));
 }
 
 // A negative width stands for the flag `-`, and a negative precision for none.
@@ -89,6 +87,7 @@ void NumberText::printDouble(ConversionLayout const& layout, char letter, double
             : std::snprintf(text_, kRoom, "%*.*g", width, precision, value);
       break;
   }
+  bytes_ = std::strlen(text_);
 }
 
 }  // namespace atr

@@ -9,12 +9,17 @@
 
 namespace atr {
 
-/// The text of one number, NUL-terminated. The room holds the longest `double` beside a full field.
+/// The text of one number, NUL-terminated, and its bytes. The room holds the longest `double`
+/// beside a full field.
 class NumberText {
  public:
   NumberText() noexcept { text_[0] = '\0'; }
 
   char* c_str() noexcept { return text_; }
+  std::size_t bytes() const noexcept { return bytes_; }
+
+  /// Takes the 0 out of a three-digit exponent.
+  void fixExponent() noexcept;
 
   /// `magnitude` with a minus sign if it `isNegative`, by one of the letters `d u o x X`.
   void printInteger(ConversionLayout const& layout, char letter, bool isNegative,
@@ -29,6 +34,7 @@ class NumberText {
  private:
   static constexpr std::size_t kRoom = kMaxField + 400;
 
+  std::size_t bytes_ = 0;
   char text_[kRoom];
 };
 

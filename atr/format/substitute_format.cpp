@@ -1,11 +1,13 @@
 // One frame for the numbers: the letter decides between an integer, a character and a double.
 #include "atr/format/substitute_format.h"
 
+#include <charconv>
 #include <cstdint>
+#include <new>
 #include <type_traits>
 
 #include "atr/format/conversion_layout.h"
-#include "atr/format/fmt.h"
+#include "atr/format/message_slots.h"
 #include "atr/format/number_text.h"
 #include "atr/strings/working_string.h"
 
@@ -23,12 +25,29 @@ void printInteger(NumberText& text, ConversionLayout const& layout, char letter,
   text.printInteger(layout, letter, isNegative, isNegative ? Unsigned{0} - bits : bits);
 }
 
+// The most common conversions print straight into their block.
+constexpr std::size_t kDecimalRoom = 24;  // bytes; -2^63 has 20
+
+template <class Int>
+void putPlainDecimal(atr_translate& message, MessageSlots::Slot& slot, Int value) {
+  auto* const block = static_cast<char*>(::operator new(kDecimalRoom));
+  char* const end = std::to_chars(block, block + kDecimalRoom - 1, value).ptr;
+  *end = '\0';
+  MessageSlots::take(message, slot, block, static_cast<std::size_t>(end - block));
+}
+
 template <class Int>
 void substituteInteger(atr_translate& message, int position, Int value) {
-  char const* const format = message.Format(position);
-  if (format == nullptr) return;
+  MessageSlots::Slot* const slot = MessageSlots::at(message, position);
+  if (slot == nullptr) return;
+  char const letter = letterOf(slot->format);
+  if (letter == 's' || (letter == 'd' && isPlain(slot->format))) {
+    return putPlainDecimal(message, *slot, value);
+  }
+  if (letter == 'u' && isPlain(slot->format)) {
+    return putPlainDecimal(message, *slot, static_cast<std::make_unsigned_t<Int>>(value));
+  }
   NumberText text;
-  char const letter = atr_Fmt(format).Letter();
   switch (letter) {
     case 'E':
     case 'e':
@@ -37,16 +56,13 @@ void substituteInteger(atr_translate& message, int position, Int value) {
       text.printDouble(kNoLayout, letter, static_cast<double>(value));
       break;
     case 'c':
-      text.printCharacter(parseLayout(format), static_cast<char>(value));
-      break;
-    case 's':
-      printInteger(text, kNoLayout, 'd', value);
+      text.printCharacter(parseLayout(slot->format), static_cast<char>(value));
       break;
     default:
-      printInteger(text, parseLayout(format), letter, value);
+      printInteger(text, parseLayout(slot->format), letter, value);
       break;
   }
-  message.AddSubstitution(position, text.c_str(), nullptr);
+  MessageSlots::put(message, *slot, text.c_str(), text.bytes());
 }
 
 }  // namespace
@@ -68,17 +84,17 @@ void atr_SubstituteFormat(atr_translate& message, int position, unsigned long lo
 }
 
 void atr_SubstituteFormat(atr_translate& message, int position, double value) {
-  char const* const format = message.Format(position);
-  if (format == nullptr) return;
+  MessageSlots::Slot* const slot = MessageSlots::at(message, position);
+  if (slot == nullptr) return;
   NumberText text;
-  char const letter = atr_Fmt(format).Letter();
+  char const letter = letterOf(slot->format);
   if (letter == 'E' || letter == 'e' || letter == 'f' || letter == 'g') {
-    text.printDouble(parseLayout(format), letter, value);
-    atr_translate::FixExponent(text.c_str());
+    text.printDouble(parseLayout(slot->format), letter, value);
+    text.fixExponent();
   } else {
     text.printDouble(kNoLayout, 'e', value);
   }
-  message.AddSubstitution(position, text.c_str(), nullptr);
+  MessageSlots::put(message, *slot, text.c_str(), text.bytes());
 }
 
 void atr_SubstituteFormat(atr_translate& message, int position, float value) {
@@ -86,11 +102,10 @@ void atr_SubstituteFormat(atr_translate& message, int position, float value) {
 }
 
 void atr_SubstituteFormat(atr_translate& message, int position, char const* value) {
-  char const* const format = message.Format(position);
-  if (format == nullptr) return;
-  atr_Fmt conversion(format);
-  bool const isText = conversion.Letter() == 's';
-  message.AddSubstitution(position, value, isText ? format : nullptr);
+  MessageSlots::Slot* const slot = MessageSlots::at(message, position);
+  if (slot == nullptr) return;
+  bool const isText = letterOf(slot->format) == 's';
+  MessageSlots::putField(message, *slot, value, isText ? slot->format : nullptr);
 }
 
 void atr_SubstituteFormat(atr_translate& message, int position, atr_StringBase const& value) {

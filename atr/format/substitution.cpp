@@ -1,11 +1,11 @@
-// Texts into slots. The old substitution goes only when the new one stands, so that a text may come
-// from the slot that it goes into.
+// Texts into slots.
 #include <algorithm>
 #include <cstring>
 #include <new>
 
+#include "atr/format/message_slots.h"
 #include "atr/format/template_scan.h"
-#include "atr/format/translate.h"
+#include "atr/frame/words.h"
 
 using namespace atr;
 
@@ -41,15 +41,20 @@ Field parseField(char const* format) noexcept {
   return field;
 }
 
-char* newText(char const* text, std::size_t bytes) {
+struct Text {
+  char* block;
+  std::size_t bytes;
+};
+
+Text newText(char const* text, std::size_t bytes) {
   auto* const block = static_cast<char*>(::operator new(bytes + 1));
-  std::memcpy(block, text, bytes);
+  copyBytes(block, text, bytes);
   block[bytes] = '\0';
-  return block;
+  return {block, bytes};
 }
 
 // [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ]
-char* newField(char const* text, Field const& field) {
+Text newField(char const* text, Field const& field) {
   std::size_t const length = std::strlen(text);
   std::size_t const used =
       field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);
@@ -58,18 +63,25 @@ char* newField(char const* text, Field const& field) {
   std::memset(block + (field.isLeft ? used : 0), ' ', total - used);
   std::memcpy(block + (field.isLeft ? 0 : total - used), text, used);
   block[total] = '\0';
-  return block;
+  return {block, total};
 }
 
 }  // namespace
 
-void atr_translate::AddSubstitution(int position, char const* text, char const* format) {
-  StrArgs* const slot = slotAt(position);
-  if (slot == nullptr) return;
+void MessageSlots::put(atr_translate& message, Slot& slot, char const* text, std::size_t bytes) {
+  message.put(slot, newText(text, bytes).block, bytes);
+}
+
+void MessageSlots::putField(atr_translate& message, Slot& slot, char const* text,
+                            char const* format) {
   char const* const value = text != nullptr ? text : "";
   bool const isPlain = format == nullptr || format[1] == 's';
-  char* const block =
+  auto const [block, bytes] =
       isPlain ? newText(value, std::strlen(value)) : newField(value, parseField(format));
-  ::operator delete(slot->substitution);
-  slot->substitution = block;
+  message.put(slot, block, bytes);
+}
+
+void atr_translate::AddSubstitution(int position, char const* text, char const* format) {
+  StrArgs* const slot = slotAt(position);
+  if (slot != nullptr) MessageSlots::putField(*this, *slot, text, format);
 }

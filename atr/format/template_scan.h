@@ -5,6 +5,8 @@
 #include <climits>
 #include <cstddef>
 
+#include "atr/frame/words.h"
+
 namespace atr {
 
 constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
@@ -42,6 +44,16 @@ constexpr bool isConversionLetter(char c) noexcept {
   }
 }
 
+/// The first percent sign in [p, end), or `end`.
+inline char const* findPercent(char const* p, char const* end) noexcept {
+  for (; kIsLittleEndian && end - p >= kWord; p += kWord) {
+    std::uint64_t const marks = zeroBytes(loadWord(p) ^ wordOf('%'));
+    if (marks != 0) return p + firstMark(marks);
+  }
+  while (p != end && *p != '%') ++p;
+  return p;
+}
+
 struct Conversion {
   static constexpr int kNoNumber = -10000;
 
@@ -60,7 +72,7 @@ template <class Sink>
 void scanTemplate(char const* p, char const* end, Sink& sink) {
   char const* pending = p;
   for (;;) {
-    while (p != end && *p != '%') ++p;
+    p = findPercent(p, end);
     if (p == end) break;
     sink.text(pending, p);
     pending = ++p;
@@ -91,13 +103,10 @@ void scanTemplate(char const* p, char const* end, Sink& sink) {
 /// The counting pass: an upper bound of the conversions in [p, end).
 inline std::size_t countPercents(char const* p, char const* end) noexcept {
   std::size_t count = 0;
-  for (; end - p >= 2; ++p) {
-    if (p[0] != '%') continue;
-    if (p[1] == '%') {
-      ++p;
-    } else {
-      ++count;
-    }
+  while ((p = findPercent(p, end)), end - p >= 2) {
+    bool const isPair = p[1] == '%';
+    count += isPair ? 0 : 1;
+    p += isPair ? 2 : 1;
   }
   return count;
 }

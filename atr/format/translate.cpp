@@ -8,6 +8,7 @@
 #include <new>
 
 #include "atr/format/template_scan.h"
+#include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
 #include "atr/strings/exponent.h"
 #include "atr/strings/working_string.h"
@@ -22,59 +23,52 @@ constexpr int kPlaceholderBytes = 2;
 
 char* newBlock(std::size_t bytes) { return static_cast<char*>(::operator new(bytes)); }
 
-// Offsets of the placeholders stand behind the text, since text may hold "%s" of its own.
-std::size_t offsetsAt(std::size_t textBytes) noexcept {
-  return (textBytes + sizeof(int)) / sizeof(int) * sizeof(int);
-}
+// Where a placeholder stands in the compiled text, which may hold "%s" of its own, and how many
+// bytes of substitution go there.
+struct Place {
+  std::size_t at;
+  std::size_t bytes;
+};
 
-int* offsetsBehind(char* compiled, std::size_t textBytes) noexcept {
-  return reinterpret_cast<int*>(compiled + offsetsAt(textBytes));
+Place* placesBehind(atr_translate::StrArgs** sorted, int count) noexcept {
+  return reinterpret_cast<Place*>(sorted + count);
 }
 
 // --- the passes over a template ---------------------------------------------------------------
-
-struct Measure {
-  void text(char const* begin, char const* end) noexcept { bytes += end - begin; }
-  void conversion(Conversion const& /*c*/) noexcept {
-    bytes += kPlaceholderBytes;
-    ++conversions;
-  }
-
-  std::ptrdiff_t bytes = 0;
-  std::size_t conversions = 0;
-};
 
 // `%`, run and letter, without an `l` directly before the letter.
 char* copyFormat(Conversion const& conversion) {
   auto runBytes = static_cast<std::size_t>(conversion.letter - conversion.run);
   char* const format = newBlock(runBytes + 3);
   format[0] = '%';
-  std::memcpy(format + 1, conversion.run, runBytes);
+  copyBytes(format + 1, conversion.run, runBytes);
   if (runBytes > 0 && format[runBytes] == 'l') --runBytes;
   format[runBytes + 1] = *conversion.letter;
   format[runBytes + 2] = '\0';
   return format;
 }
 
+// The message always owns as many formats as `count` says, should memory run out on the way.
 struct Compile {
   void text(char const* begin, char const* end) noexcept {
     auto const bytes = static_cast<std::size_t>(end - begin);
-    if (bytes > 0) std::memcpy(out, begin, bytes);
+    copyBytes(out, begin, bytes);
     out += bytes;
   }
   void conversion(Conversion const& c) {
-    slot->position = c.number;
-    slot->format = copyFormat(c);
+    args[count].format = copyFormat(c);
+    args[count].position = c.number;
+    places[count] = {static_cast<std::size_t>(out - start), 0};
+    ++count;
     hasUnnumbered = hasUnnumbered || c.number == Conversion::kNoNumber;
-    ++slot;
-    *offset++ = static_cast<int>(out - start);
     text(kPlaceholder, kPlaceholder + kPlaceholderBytes);
   }
 
   char* start;
   char* out;
-  int* offset;
-  atr_translate::StrArgs* slot;
+  Place* places;
+  atr_translate::StrArgs* args;
+  int& count;
   bool hasUnnumbered = false;
 };
 
@@ -131,21 +125,24 @@ atr_translate::~atr_translate() {
   ::operator delete(compiled);
 }
 
+// A placeholder is no longer than the shortest conversion, so that the text never grows.
 void atr_translate::parse(char const* text, char const* end) {
   std::size_t const slots = countPercents(text, end);
-  Measure measure;
-  scanTemplate(text, end, measure);
-  auto const bytes = static_cast<std::size_t>(checkedLength(measure.bytes));
+  compiled = newBlock(static_cast<std::size_t>(checkedLength(end - text)) + 1);
   if (slots > 0) {
     args = static_cast<StrArgs*>(::operator new(slots * sizeof(StrArgs)));
     std::uninitialized_default_construct_n(args, slots);
+    sorted = reinterpret_cast<StrArgs**>(
+        newBlock(slots * (sizeof(StrArgs*) + sizeof(Place)) + sizeof(Place)));
   }
-  count = static_cast<int>(measure.conversions);
-  compiled = newBlock(slots > 0 ? offsetsAt(bytes) + measure.conversions * sizeof(int) : bytes + 1);
-  Compile compile{compiled, compiled, slots > 0 ? offsetsBehind(compiled, bytes) : nullptr, args};
+  Place* const places = placesBehind(sorted, static_cast<int>(slots));
+  Compile compile{compiled, compiled, places, args, count};
   scanTemplate(text, end, compile);
   *compile.out = '\0';
-  if (slots > 0) sortSlots(compile.hasUnnumbered);
+  if (slots == 0) return;
+  places[count] = {static_cast<std::size_t>(compile.out - compiled), 0};  // the end of the text
+  std::copy_n(places, count + 1, placesBehind(sorted, count));
+  sortSlots(compile.hasUnnumbered);
 }
 
 // --- numbers and order ------------------------------------------------------------------------
@@ -190,8 +187,6 @@ int atr_translate::compare(void const* a, void const* b) {
 
 // The block of the pointers holds the marks of the numbering before they are in it.
 void atr_translate::sortSlots(bool hasUnnumbered) {
-  auto const slots = static_cast<std::size_t>(count);
-  sorted = reinterpret_cast<StrArgs**>(newBlock(slots * sizeof(void*)));
   if (hasUnnumbered) numberSlots(args, count, reinterpret_cast<char*>(sorted));
   bool isAscending = true;
   for (int i = 0; i < count; ++i) {
@@ -219,14 +214,18 @@ char const* atr_translate::Format(int position) const {
 
 void atr_translate::FixExponent(char* text) { shortenExponent(text); }
 
-namespace {
-
-std::size_t substitutionBytes(atr_translate::StrArgs const& slot) noexcept {
-  return slot.substitution != nullptr ? std::strlen(slot.substitution) : 0;
+// The old substitution goes only when the new one stands, so that a text may come from the slot
+// that it goes into.
+void atr_translate::put(StrArgs& slot, char* block, std::size_t bytes) noexcept {
+  ::operator delete(slot.substitution);
+  slot.substitution = block;
+  placesBehind(sorted, count)[&slot - args].bytes = bytes;
 }
 
-char* put(char* out, char const* text, std::size_t bytes) noexcept {
-  if (bytes > 0) std::memcpy(out, text, bytes);
+namespace {
+
+char* copy(char* out, char const* text, std::size_t bytes) noexcept {
+  copyBytes(out, text, bytes);
   return out + bytes;
 }
 
@@ -235,22 +234,21 @@ char* put(char* out, char const* text, std::size_t bytes) noexcept {
 // Built in one representation of the exact length.
 atr_String atr_translate::Result() const {
   if (count == 0) return atr_StringFromText(compiled);
-  std::size_t const textBytes = std::strlen(compiled);
+  Place const* const places = placesBehind(sorted, count);
+  std::size_t const textBytes = places[count].at;
   std::size_t bytes = textBytes - static_cast<std::size_t>(count) * kPlaceholderBytes;
-  for (int i = 0; i < count; ++i) bytes += substitutionBytes(args[i]);
+  for (int i = 0; i < count; ++i) bytes += places[i].bytes;
   if (bytes == 0) return atr_String();
   int const length = checkedLength(bytes);
   atr_String result(length, atr_String::PreSize);
   char* out = &result[0];
-  int const* const offsets = offsetsBehind(compiled, textBytes);
   std::size_t from = 0;
   for (int i = 0; i < count; ++i) {
-    auto const at = static_cast<std::size_t>(offsets[i]);
-    out = put(out, compiled + from, at - from);
-    out = put(out, args[i].substitution, substitutionBytes(args[i]));
-    from = at + kPlaceholderBytes;
+    out = copy(out, compiled + from, places[i].at - from);
+    out = copy(out, args[i].substitution, places[i].bytes);
+    from = places[i].at + kPlaceholderBytes;
   }
-  out = put(out, compiled + from, textBytes - from);
+  out = copy(out, compiled + from, textBytes - from);
   *out = '\0';
   result.SetStringLength(length);
   return result;

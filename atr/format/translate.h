@@ -7,12 +7,15 @@
 #ifndef ATR_FORMAT_TRANSLATE_H
 #define ATR_FORMAT_TRANSLATE_H
 
+#include <cstddef>
+
 #include "atr/frame/export.h"
 #include "atr/strings/string.h"
 
 namespace atr {
+struct MessageSlots;
 struct MessageText;
-}
+}  // namespace atr
 
 /// A message belongs to one thread at a time, and keeps nothing of the translation table.
 ///
@@ -63,6 +66,8 @@ class atr_translate {
   ATR_API atr_String Result() const;
 
  private:
+  friend struct atr::MessageSlots;
+
   atr_translate() noexcept;
 
   static int compare(void const* a, void const* b);
@@ -71,12 +76,13 @@ class atr_translate {
   void parse(char const* text, char const* end);
   void parseEncoded(atr::MessageText const& message);
   void sortSlots(bool hasUnnumbered);
+  void put(StrArgs& slot, char* block, std::size_t bytes) noexcept;
 
   char const* source;  // the caller's pointer; not read again
   int count;           // conversions
   StrArgs* args;       // in template order; may have more elements than `count`
-  StrArgs** sorted;    // `count` of them, by number
-  char* compiled;      // [ text with "%s" at each conversion | NUL | pad | their offsets ]
+  StrArgs** sorted;    // [ pointers by number | places in template order ], `count` of each
+  char* compiled;      // text with "%s" at each conversion
 };
 
 #endif  // ATR_FORMAT_TRANSLATE_H

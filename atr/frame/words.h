@@ -40,6 +40,29 @@ constexpr int countMarks(std::uint64_t marks) noexcept {
 /// The index of the first byte marked, where words are little-endian. @pre there is one.
 constexpr int firstMark(std::uint64_t marks) noexcept { return std::countr_zero(marks) / 8; }
 
+/// As memcpy, without a call for up to 16 bytes: the ends are copied, and may overlap. `from` may
+/// be null for no bytes.
+inline void copyBytes(char* out, char const* from, std::size_t bytes) noexcept {
+  auto const copyEnds = [=]<class Word>(Word first) noexcept {
+    Word last;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + bytes - sizeof last, sizeof last);
+    std::memcpy(out, &first, sizeof first);
+    std::memcpy(out + bytes - sizeof last, &last, sizeof last);
+  };
+  if (bytes > 16) {
+    std::memcpy(out, from, bytes);
+  } else if (bytes >= 8) {
+    copyEnds(std::uint64_t{});
+  } else if (bytes >= 4) {
+    copyEnds(std::uint32_t{});
+  } else if (bytes > 0) {
+    out[0] = from[0];
+    out[bytes / 2] = from[bytes / 2];
+    out[bytes - 1] = from[bytes - 1];
+  }
+}
+
 }  // namespace atr
 
 #endif  // ATR_FRAME_WORDS_H

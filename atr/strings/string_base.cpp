@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <clocale>
-#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <new>
@@ -114,12 +113,12 @@ int printGeneral(char (&text)[kNumberRoom], double value, int precision) noexcep
 
 atr_StringBase::atr_StringBase(int value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, std::snprintf(text, kNumberRoom, "%d", value), 0);
+  makeCopy(text, static_cast<int>(std::to_chars(text, text + kNumberRoom, value).ptr - text), 0);
 }
 
 atr_StringBase::atr_StringBase(unsigned int value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, std::snprintf(text, kNumberRoom, "%u", value), 0);
+  makeCopy(text, static_cast<int>(std::to_chars(text, text + kNumberRoom, value).ptr - text), 0);
 }
 
 atr_StringBase::atr_StringBase(float value) : atr_StringBase() {
