@@ -33,6 +33,38 @@ void ours(std::string const& caseName, Work work) {
   side(caseName, "ours", 0, work);
 }
 
+/// What the machine takes for the part of a case that nobody can leave out: moving its bytes, or
+/// taking its blocks.
+template <class Work>
+void limit(std::string const& caseName, Work work) {
+  side(caseName, "limit", 0, work);
+}
+
+/// The limit of a case that makes `count` blocks of `bytes` bytes and gives them back.
+inline void blocksLimit(std::string const& caseName, int count, std::size_t bytes) {
+  limit(caseName, [=] {
+    void* blocks[16];
+    for (int i = 0; i < count; ++i) DoNotOptimize(blocks[i] = std::malloc(bytes));
+    for (int i = 0; i < count; ++i) std::free(blocks[i]);
+  });
+}
+
+/// The limit of a case that reads `bytes` bytes and writes as many.
+inline void copyLimit(std::string const& caseName, std::size_t bytes) {
+  limit(caseName, [from = std::string(bytes, 'x'), to = std::string(bytes, 'y')]() mutable {
+    std::memcpy(to.data(), from.data(), from.size());
+    benchmark::ClobberMemory();
+  });
+}
+
+/// One work at four sizes, each four times the one before. make(size) makes the work.
+template <class Make>
+void growth(std::string const& caseName, int smallest, Make make) {
+  for (int size = smallest; size <= 64 * smallest; size *= 4) {
+    side(caseName, "@" + std::to_string(size), 0, make(size));
+  }
+}
+
 /// Makes `name` the locale of what follows; asking twice costs nothing.
 inline void useLocale(char const* name) {
   static std::string current;

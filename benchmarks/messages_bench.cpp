@@ -32,8 +32,8 @@ std::string translation(int i) {
          "bersetzt";
 }
 
-// The same messages as a dictionary and as a catalogue of gettext.
-void makeFiles(int entries) {
+// The same messages as a dictionary and, where a peer asks for it, as a catalogue of gettext.
+void makeFiles(int entries, bool isForPeers) {
   std::string const domain = "d" + std::to_string(entries), messages = folder + "/de/LC_MESSAGES/";
   std::filesystem::create_directories(messages);
   std::ofstream dictionary(folder + "/" + domain + ".py"), catalogue(folder + "/" + domain + ".po");
@@ -46,6 +46,7 @@ void makeFiles(int entries) {
   for (int i = 0; i < entries; ++i) add(key(i), translation(i));
   catalogue.close();
   dictionary.close();
+  if (!isForPeers) return;
   if (std::system(
           ("msgfmt -o " + messages + domain + ".mo " + folder + "/" + domain + ".po").c_str()) != 0)
     std::abort();
@@ -105,6 +106,17 @@ void loading(int entries) {
   });
 }
 
+// The bytes of the dictionary, read and thrown away.
+void loadingLimit(int entries) {
+  std::string const path = folder + "/d" + std::to_string(entries) + ".py";
+  limit("load and release " + std::to_string(entries), [path] {
+    static char room[65536];
+    std::FILE* const file = std::fopen(path.c_str(), "r");
+    while (std::fread(room, 1, sizeof room, file) > 0) DoNotOptimize(room);
+    std::fclose(file);
+  });
+}
+
 void lookups(int entries) {
   static std::vector<std::string> hits[4], misses;
   static std::unordered_map<std::string, std::string> tables[4];
@@ -134,6 +146,7 @@ void lookups(int entries) {
       std::string text = found != tables[slot].end() ? found->second : next();
       DoNotOptimize(text);
     });
+    blocksLimit(name, 1, 64);
   }
 }
 
@@ -161,6 +174,7 @@ void messages() {
       std::string result = out;
       DoNotOptimize(result);
     });
+    blocksLimit(name, 10, 32);
   }
   side("message", "boost::format", 4, [] {
     std::string result = (boost::format(text) % "chapter10.txt" % done % all).str();
@@ -196,6 +210,9 @@ void messages() {
     std::snprintf(out, sizeof out, "%s", text);
     DoNotOptimize(out);
   });
+  blocksLimit("one int into a slot", 1, 24);
+  blocksLimit("one text into a slot", 1, 24);
+  blocksLimit("atr_raw without a table", 1, 32);
   ours("atr_raw without a table", [] {
     load(0);
     atr_String result = atr_raw("Move to the trash");
@@ -207,14 +224,45 @@ void messages() {
   });
 }
 
+void growing() {
+  growth("message, conversions", 16, [](int n) {
+    std::string text;
+    for (int i = n; i > 0; --i) text += "%d ";
+    return [=] {
+      load(0);
+      atr_translate message(text.c_str());
+      for (int i = 1; i <= n; ++i) atr_SubstituteFormat(message, i, i);
+      atr_String result = message.Result();
+      DoNotOptimize(result);
+    };
+  });
+  growth("load, entries", 1000, [](int n) {
+    makeFiles(n, false);
+    return [=] {
+      select(n);
+      atr_tr_enable(true);
+      atr_tr_enable(false);
+      loaded = 0;
+    };
+  });
+  growth("template, bytes of text", 1024, [](int n) {
+    return [text = repeat(kAscii, static_cast<std::size_t>(n))] {
+      load(0);
+      atr_translate message(text.c_str());
+      DoNotOptimize(message);
+    };
+  });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "en_US.UTF-8");
   setenv("LANGUAGE", "de", 1);
-  for (int const entries : {100, 10000, 100000}) makeFiles(entries), lookups(entries);
+  for (int const entries : {100, 10000, 100000}) makeFiles(entries, true), lookups(entries);
   messages();
-  for (int const entries : {100, 10000, 100000}) loading(entries);
+  for (int const entries : {100, 10000, 100000}) loading(entries), loadingLimit(entries);
+  growing();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -32,6 +32,11 @@ void sharing() {
     auto copy = shared;
     DoNotOptimize(copy);
   });
+  limit("copy and destroy", [] {
+    static int count = 1;
+    DoNotOptimize(++count);
+    DoNotOptimize(--count);
+  });
 }
 
 void making() {
@@ -46,6 +51,7 @@ void making() {
       std::string made(source.c_str());
       DoNotOptimize(made);
     });
+    blocksLimit(name, 1, static_cast<std::size_t>(bytes));
   }
   static std::string const half(30, 'h');
   static atr_String const mine(half.c_str());
@@ -66,6 +72,10 @@ void making() {
     std::string part = text100.substr(20, 50);
     DoNotOptimize(part);
   });
+  blocksLimit("operator+ 30 B", 1, 96);
+  blocksLimit("Substr 50 B", 1, 96);
+  blocksLimit("extract field 6 of 12", 1, 32);
+  blocksLimit("string from double", 1, 32);
   static std::string const fields =
       "alpha,beta,gamma,delta,epsilon,zeta,eta,theta,iota,kappa,lambda,mu";
   static atr_String const row(fields.c_str());
@@ -101,6 +111,9 @@ void searching() {
   side("Find in 10 kB", "strstr", 1, [] { DoNotOptimize(std::strstr(hay.c_str(), "needle")); });
   ours("rfind in 10 kB", [] { DoNotOptimize(mineBack.rfind("needle", 6, 1 << 30)); });
   side("rfind in 10 kB", "std::string", 1, [] { DoNotOptimize(back.rfind("needle")); });
+  for (char const* const name : {"Find in 10 kB", "rfind in 10 kB"}) {
+    limit(name, [] { DoNotOptimize(std::memchr(hay.data(), 1, hay.size())); });
+  }
   static std::string const many = repeat(std::string(48, 'a') + "/x", 10000);
   static atr_String const mineMany(many.c_str());
   static atr_String const from("/"), to("\\");
@@ -114,6 +127,7 @@ void searching() {
     for (auto at = s.find("/"); at != s.npos; at = s.find("/", at + 1)) s.replace(at, 1, "\\");
     DoNotOptimize(s);
   });
+  copyLimit("Substitute 200 in 10 kB", many.size());
 }
 
 void wholeTexts() {
@@ -135,7 +149,9 @@ void wholeTexts() {
       icu::UnicodeString::fromUTF8(source).toUpper().toUTF8String(s);
       DoNotOptimize(s);
     });
+    copyLimit(name, source.size());
   }
+  copyLimit("Trim 10 kB", text10k.size());
   ours("Trim 10 kB", [] {
     atr_String s(text10k.c_str());
     s.Trim(" ");
@@ -182,6 +198,37 @@ void pools() {
   });
 }
 
+void growing() {
+  auto const textOf = [](int bytes) {
+    return atr_String(std::string(static_cast<std::size_t>(bytes), 'x').c_str());
+  };
+  growth("Find, bytes", 1024,
+         [=](int n) { return [s = textOf(n)] { DoNotOptimize(s.Find("xxy", 0)); }; });
+  growth("rfind, bytes", 1024,
+         [=](int n) { return [=, s = textOf(n)] { DoNotOptimize(s.rfind("yx", 2, n)); }; });
+  growth("Substitute by more, bytes", 1024, [=](int n) {
+    return [s = textOf(n), from = atr_String("x"), to = atr_String("--")] {
+      atr_String copy(s);
+      copy.Substitute(from, to, 0x7fffffff);
+      DoNotOptimize(copy);
+    };
+  });
+  growth("Trim, bytes", 1024, [=](int n) {
+    return [s = textOf(n)] {
+      atr_String copy(s);
+      copy.Trim("yz");
+      DoNotOptimize(copy);
+    };
+  });
+  growth("ToUpper, bytes", 1024, [=](int n) {
+    return [s = textOf(n)] {
+      atr_String copy(s);
+      copy.ToUpper();
+      DoNotOptimize(copy);
+    };
+  });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -191,6 +238,7 @@ int main(int argc, char** argv) {
   searching();
   wholeTexts();
   pools();
+  growing();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -1,6 +1,7 @@
 // Encodings, layout and natural order beside iconv, the C library and ICU.
 #include <atr/atr.h>
 #include <iconv.h>
+#include <linebreak.h>
 #include <unicode/brkiter.h>
 #include <unicode/coll.h>
 #include <unicode/unistr.h>
@@ -36,6 +37,7 @@ void validating() {
     side(name, "iconv", goal, [text, cd = iconv_open("UTF-32LE", "UTF-8")] {
       DoNotOptimize(convert(cd, text, room, sizeof room));
     });
+    limit(name, [text] { DoNotOptimize(std::strlen(text.c_str())); });
   }
 }
 
@@ -61,6 +63,7 @@ void transcode(std::string const& name, char const* locale, int encoding, char c
       DoNotOptimize(std::wcstombs(room, wide, sizeof room));
     });
   }
+  copyLimit(name, text.size());
 }
 
 void transcoding() {
@@ -102,14 +105,31 @@ void layout() {
       static auto const breaker =
           icu::BreakIterator::createLineInstance(icu::Locale::getUS(), status);
       icu::UnicodeString const u = icu::UnicodeString::fromUTF8(text);
+      icu::UnicodeString folded;
       breaker->setText(u);
-      int lines = 0;
-      for (int at = 0, next; at < u.length(); at = next, ++lines) {
-        next = breaker->following(std::min(at + 72, u.length() - 1));
-        if (next == icu::BreakIterator::DONE) break;
+      int lineStart = 0;
+      for (int at = breaker->first(); at != icu::BreakIterator::DONE; at = breaker->next()) {
+        if (at - lineStart < 72) continue;
+        folded.append(u, lineStart, at - lineStart).append(u'\n');
+        lineStart = at;
       }
-      DoNotOptimize(lines);
+      std::string out;
+      DoNotOptimize(folded.append(u, lineStart, u.length() - lineStart).toUTF8String(out));
     });
+    side(name, "libunibreak", 0, [text] {
+      static std::vector<char> breaks(16384);
+      set_linebreaks_utf8(reinterpret_cast<utf8_t const*>(text.data()), text.size(), "en",
+                          breaks.data());
+      std::string out;
+      std::size_t lineStart = 0;
+      for (std::size_t at = 0; at < text.size(); ++at) {
+        if (breaks[at] != LINEBREAK_ALLOWBREAK || at + 1 - lineStart < 72) continue;
+        out.append(text, lineStart, at + 1 - lineStart) += '\n';
+        lineStart = at + 1;
+      }
+      DoNotOptimize(out.append(text, lineStart, text.npos));
+    });
+    copyLimit(name, text.size());
   }
 }
 
@@ -138,6 +158,42 @@ void order() {
     }();
     sortBy([](char const* a, char const* b) { return collator->compareUTF8(a, b, status) < 0; });
   });
+  limit("sort 10 000 names",
+        [=] { sortBy([](char const* a, char const* b) { return std::strcmp(a, b) < 0; }); });
+}
+
+void growing() {
+  auto const textOf = [](int bytes) { return repeat(kCjk, static_cast<std::size_t>(bytes)); };
+  growth("validate UTF-8, bytes", 1024, [=](int n) {
+    return [text = textOf(n)] { DoNotOptimize(atr_encoding_validate(EncodingUtf8, bytes(text))); };
+  });
+  growth("UTF-8 to a locale by its characters, bytes", 1024, [=](int n) {
+    return [text = textOf(n)] {
+      useLocale("ja_JP.EUC-JP");
+      DoNotOptimize(atr_utf8_to_encoding(EncodingLocale, nullptr, bytes(text), '?'));
+    };
+  });
+  for (char const* const locale : {"C.UTF-8", "ja_JP.EUC-JP"}) {
+    growth(std::string("fold in ") + locale + ", bytes", 1024, [=](int n) {
+      return [=, s = atr_String(repeat(kAscii, static_cast<std::size_t>(n)).c_str())] {
+        useLocale(locale);
+        atr_String folded = atr_String::BreakLineString(s, 72);
+        DoNotOptimize(folded);
+      };
+    });
+  }
+  growth("AddLineBreaks, lines", 16, [](int n) {
+    std::string const line = repeat(kAscii, 118) + "\n";
+    return [s = atr_String(repeat(line, line.size() * static_cast<std::size_t>(n)).c_str())] {
+      useLocale("C.UTF-8");
+      atr_String folded = atr_String::AddLineBreaks(s, 72, false);
+      DoNotOptimize(folded);
+    };
+  });
+  growth("strnatcmp, digits", 1024, [](int n) {
+    std::string const digits(static_cast<std::size_t>(n), '7');
+    return [a = digits + "a", b = digits + "b"] { DoNotOptimize(strnatcmp(a.c_str(), b.c_str())); };
+  });
 }
 
 }  // namespace
@@ -147,6 +203,7 @@ int main(int argc, char** argv) {
   transcoding();
   layout();
   order();
+  growing();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

@@ -58,8 +58,8 @@ TEST(Encoding, LongRunsAgreeWithTheLoop) {
     for (S const other : {"", "\xC1\xBF", "\xE0\x9F\x80", "\xE0\xA0\x80", "\xED\x9F\xBF",
                           "\xED\xA0\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x90\x80\x80",
                           "\xC3", "\xC4\x80", "\xE3\x81", "\x81", "\xFF"})
-      for (std::size_t const at :
-           {0, 1, 2, 3, 29, 30, 31, 32, 33, 61, 62, 63, 64, 65, 66, 67, 68, 150}) {
+      for (auto const at : {0U, 1U, 2U, 3U, 29U, 30U, 31U, 32U, 33U, 61U, 62U, 63U, 64U, 65U, 66U,
+                            67U, 68U, 150U}) {
         S text;
         while (text.size() < 200)
           text += text.size() >= at && text.size() < at + filler.size() ? other + filler : filler;
