@@ -194,6 +194,7 @@ TEST(Translation, LocaleAndSearch) {
   TempFile const a("a/x/d.py", ""), b("b/x/d.py", ""),
       d("d/Configuration/Xresources/en_US/en_US_Dict.py", "");
   std::filesystem::create_directories(root + "/c/x/d.py");  // in the way, and no file
+  bool const hasPipe = std::system(("mkfifo " + root + "/a/pipe").c_str()) == 0;
   auto const in = [&](S const& folder) { return root + "/" + folder + "///"; };
   auto const native = [&](S path) {
     std::replace(path.begin(), path.end(), '/', sep[0]);
@@ -206,6 +207,7 @@ TEST(Translation, LocaleAndSearch) {
       {"1", "x/d.py", all, "-", native(b.path)}, {"1", "x/d.py", in("a"), all, native(b.path)},
       {"1", atr::platform::foreignSeparator + "x/d.py"s, all, "-", native(root + "/b//x/d.py")},
       {"1", ".", in("a"), "-", "unchanged"}, {"1", "zero", "/dev", "-", "unchanged"},  // a device never ends
+      {"1", hasPipe ? "pipe" : "none", in("a"), "-", "unchanged"},  // and a pipe waits for its writer
       {"-", "x/d.py", all, in("d"), native(d.path)}};
   // clang-format on
   for (auto const& [supported, file, path, first, found] : rows)
@@ -218,6 +220,7 @@ TEST(Translation, LocaleAndSearch) {
     EXPECT_STRNE(std::setlocale(LC_CTYPE, nullptr), ATR_TEST_SJIS);
   };
   EXPECT_FRESH("", unknown());
+  std::remove((root + "/a/pipe").c_str());
 }
 
 TEST(Translation, BuildAndReload) {
