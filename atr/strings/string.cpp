@@ -72,9 +72,9 @@ atr_String atr_String::extract(int index, char delimiter) const {
   Field const field = findField(*this, index, delimiter);
   if (field.text == nullptr) return result;
   result.isolate(field.bytes + 1);
-  std::memcpy(result.body, field.text, static_cast<std::size_t>(field.bytes));
+  copyBytes(result.body, field.text, static_cast<std::size_t>(field.bytes));
   result.body[field.bytes] = '\0';
-  result.SetStringLength(field.bytes);
+  result.rep->length = field.bytes;
   return result;
 }
 
@@ -92,7 +92,7 @@ atr_String atr_String::extract(int index, char delimiter, char escape) const {
     *out++ = *p;
   }
   *out = '\0';
-  result.SetStringLength(static_cast<int>(out - result.body));
+  result.rep->length = static_cast<int>(out - result.body);
   return result;
 }
 
