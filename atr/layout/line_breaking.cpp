@@ -6,6 +6,7 @@
 
 #include "atr/frame/character_step.h"
 #include "atr/frame/platform.h"
+#include "atr/frame/words.h"
 #include "atr/layout/test_mode.h"
 #include "atr/layout/word_step.h"
 #include "atr/strings/body_room.h"
@@ -73,10 +74,8 @@ namespace {
 
 // Eight bytes of which none is a blank or a control character: none of them ends a word.
 bool isInsideWord(char const* p) noexcept {
-  constexpr std::uint64_t kOnes = 0x0101010101010101;
-  std::uint64_t word;
-  std::memcpy(&word, p, sizeof word);
-  return ((word - kOnes * (' ' + 1)) & ~word & kOnes << 7) == 0;
+  std::uint64_t const word = loadWord(p);
+  return ((word - kLowBits * (' ' + 1)) & ~word & kHighBits) == 0;
 }
 
 }  // namespace
@@ -87,7 +86,7 @@ char const* atr::findLineEndByBytes(char const* line, char const* end, std::size
   if (isWhiteSpace(p[-1])) {
     while (p != end && isWhiteSpace(*p)) ++p;
   }
-  while (end - p >= 8 && isInsideWord(p)) p += 8;
+  while (end - p >= kWord && isInsideWord(p)) p += kWord;
   while (p != end && !isWhiteSpace(*p)) ++p;
   return p;
 }
