@@ -139,7 +139,12 @@ TEST(Translation, LargeTables) {
   }
   for (int i = 0; colliding.size() < 400; ++i)
     if (S const key = std::to_string(i); atr::hashOf(key) % 1024 == 0) colliding.push_back(key);
-  for (auto keys : {shortKeys, longKeys, colliding, std::vector<S>(100, "same")})
+  std::vector<std::vector<S>> families{shortKeys, longKeys, colliding, std::vector<S>(100, "same")};
+  for (S const prefix : {"", "Tooltip_", "ERROR_CODE_", "Drawing.Style."}) {
+    families.emplace_back();
+    for (int i = 0; i < 2000; ++i) families.back().push_back(prefix + std::to_string(10000 + i));
+  }
+  for (auto& keys : families)
     for (int const others : {0, 1, 2, 99}) {
       std::vector<TranslationEntry> entries;
       for (S& key : keys) entries.push_back({key.data(), &key[0]});
@@ -147,6 +152,10 @@ TEST(Translation, LargeTables) {
       std::ranges::stable_sort(expected, {}, [](auto const& e) { return S(e.key); });
       atr_trTable = {entries.data(), static_cast<int>(entries.size())};
       EXPECT_TRUE(fails(others, [] { atr_trSort(); }) || others > 1);
+      atr::KeyIndex index;
+      index.build(atr_trTable);
+      EXPECT_EQ(index.isEmpty(), keys == colliding) << keys[0];
+      index.clear();
       for (std::size_t i = 0; i < entries.size(); ++i) {
         ASSERT_EQ(entries[i].text, expected[i].text) << i;
         bool const isLast = i + 1 == entries.size() || S(entries[i].key) != entries[i + 1].key;

@@ -38,6 +38,21 @@ bool isTriple(unsigned char const* p) noexcept {
   return (p[0] & 0xF0) == 0xE0 && isContinuation(p[1]) && isContinuation(p[2]);
 }
 
+// Over characters of three bytes, two at a time while there is a word to look at, but for the first
+// bytes E0 and ED, which have forms of no good.
+unsigned char const* skipTriples(unsigned char const* p, unsigned char const* end) noexcept {
+  constexpr unsigned int kGoodFirst = 0xDFFE;  // by the first byte's low bits
+  constexpr std::uint64_t kMask = 0xC0C0F0C0C0F0;
+  constexpr std::uint64_t kTwoTriples = 0x8080E08080E0;
+  while (kIsLittleEndian && end - p >= kWord) {
+    std::uint64_t const word = loadWord(p);
+    unsigned int const isGood = kGoodFirst >> (word & 0xF) & kGoodFirst >> (word >> 24 & 0xF) & 1U;
+    if ((word & kMask) != kTwoTriples || isGood == 0) break;
+    p += 6;
+  }
+  return p;
+}
+
 // Bytes of the character at `p` if it is a shortest form of a code that every UTF-8 has, else 0.
 int strictLength(unsigned char const* p, unsigned char const* end) noexcept {
   if (*p < 0x80) return 1;
@@ -76,7 +91,8 @@ FastRun fastRunBetween(int target, int source) noexcept {
 unsigned char const* skipStrictUtf8(unsigned char const* p, unsigned char const* until,
                                     unsigned char const* end) noexcept {
   while (p < until) {
-    p = skipAscii(p, end);
+    p = skipTriples(skipAscii(p, end), end);
+    while (end - p >= 2 && isPair(p) && p[0] >= 0xC2) p += 2;
     if (p >= until) break;
     int const bytes = strictLength(p, end);
     if (bytes == 0) break;
@@ -113,36 +129,47 @@ ATR_WIDE_VECTORS unsigned char const* skipBlocks(unsigned char const* p, unsigne
   if (end - p < kBlock) return p;
   while (p != end) {
     unsigned char const* const block = end - p < kBlock ? end - kBlock : p;
-    if (!isAsciiBlock(block)) {
-      unsigned char bad = 0;
-      for (int i = 0; i < kBlock; ++i) {
-        bool const isBad = isOutOfPlace(block[i], block[i - 1], block[i - 2]);
-        bad = static_cast<unsigned char>(bad | (isBad ? 0xFF : 0));
-      }
-      if (bad != 0) break;
+    if (isAsciiBlock(block)) {
+      p = block + kBlock;
+      continue;
     }
+    unsigned char bad = 0;
+    for (int i = 0; i < kBlock; ++i) {
+      bool const isBad = isOutOfPlace(block[i], block[i - 1], block[i - 2]);
+      bad = static_cast<unsigned char>(bad | (isBad ? 0xFF : 0));
+    }
+    if (bad != 0) break;
     p = block + kBlock;
     int const cut = p[-1] >= 0xC0 ? 1 : p[-2] >= 0xE0 ? 2 : 0;
+    bool const isCutByEnd = cut != 0 && p == end;
     p -= cut;
-    if (cut != 0 && p + cut == end) break;
+    if (isCutByEnd) break;
   }
   return p;
 }
 
+// Moves `p` by blocks. The first characters, which nothing stands before, the characters about
+// where blocks stop, and the last ones go one by one.
+template <class Walk, class Blocks>
+void goByBlocks(unsigned char const*& p, unsigned char const* end, Walk walkUntil, Blocks goOn) {
+  std::ptrdiff_t bytes = kLookBack;
+  for (;;) {
+    unsigned char const* const until = p + std::min(bytes, end - p);
+    walkUntil(until);
+    if (p < until || p == end) return;
+    goOn();
+    bytes = kBlock;
+  }
+}
+
 }  // namespace
 
-// The first characters, which nothing stands before, a block of other characters, and the last ones
-// go one by one.
 unsigned char const* skipStrictUtf8ByBlocks(unsigned char const* p,
                                             unsigned char const* end) noexcept {
-  std::ptrdiff_t slow = kLookBack;
-  for (;;) {
-    unsigned char const* const until = p + std::min(slow, end - p);
-    p = skipStrictUtf8(p, until, end);
-    if (p < until || p == end) return p;
-    p = skipBlocks(p, end);
-    slow = kBlock;
-  }
+  goByBlocks(
+      p, end, [&](unsigned char const* until) { p = skipStrictUtf8(p, until, end); },
+      [&] { p = skipBlocks(p, end); });
+  return p;
 }
 
 namespace {
@@ -166,8 +193,6 @@ void copyUtf8(TranscodingState& state, unsigned char const* end) {
 
 namespace {
 
-constexpr std::ptrdiff_t kLongestForm = 6;  // bytes of UTF-8 that may come to one byte
-
 // The byte of a code from 0x80 to 0xFF.
 unsigned char narrowPair(unsigned int first, unsigned int second) noexcept {
   return static_cast<unsigned char>(first << 6 | (second & 0x3F));
@@ -184,40 +209,34 @@ bool narrowOnePair(std::uint64_t& word, std::uint64_t marks, int at) noexcept {
   return true;
 }
 
-// Up to the first character at or behind `until`, or that is no pair of a code of one byte.
-// Overlong pairs are for the loop: UTF-8 as a row takes them, as a locale it does not. A whole word
-// is stored, to be written over, where what is left of the text makes a word of output at least.
+// Up to about `until`, or to the first character that is no pair of a code of one byte. Overlong
+// pairs are for the loop: UTF-8 as a row takes them, as a locale it does not.
 template <bool isWriting>
 void narrow(TranscodingState& state, unsigned char const* until,
             unsigned char const* end) noexcept {
   unsigned char const* p = state.text;
+  auto* const out = reinterpret_cast<char*>(state.out);
   std::ptrdiff_t made = 0;
-  auto const pass = [&](std::ptrdiff_t bytes) noexcept {
-    p += bytes;
-    made += bytes;
-  };
   while (p < until) {
-    if (kIsLittleEndian && end - p >= kLongestForm * kWord) {
+    if (kIsLittleEndian && end - p >= kWord) {
       std::uint64_t word = loadWord(p);
       std::uint64_t const marks = word & kHighBits;
-      int const at = marks == 0 ? static_cast<int>(kWord) : firstMark(marks);
-      bool const hasOnePair = marks != 0 && narrowOnePair(word, marks, at);
-      if constexpr (isWriting) std::memcpy(state.out + made, &word, sizeof word);
-      if (marks == 0 || hasOnePair) {
-        p += kWord;
-        made += hasOnePair ? kWord - 1 : kWord;
-        continue;
-      }
-      pass(at);
+      int const ascii = marks == 0 ? static_cast<int>(kWord) : firstMark(marks);
+      bool const hasOnePair = marks != 0 && narrowOnePair(word, marks, ascii);
+      std::ptrdiff_t const bytes = hasOnePair ? kWord - 1 : ascii;
+      if constexpr (isWriting)
+        copyBytes(out + made, reinterpret_cast<char*>(&word), static_cast<std::size_t>(bytes));
+      made += bytes;
+      p += hasOnePair ? kWord : ascii;
+      if (marks == 0 || hasOnePair) continue;
     } else if (*p < 0x80) {
-      if constexpr (isWriting) state.out[made] = *p;
-      pass(1);
+      if constexpr (isWriting) out[made] = static_cast<char>(*p);
+      ++p;
+      ++made;
       continue;
     }
     if (end - p < 2 || (p[0] & 0xFE) != 0xC2 || !isContinuation(p[1])) break;
-    if constexpr (isWriting) {
-      state.out[made] = narrowPair(p[0], p[1]);
-    }
+    if constexpr (isWriting) out[made] = static_cast<char>(narrowPair(p[0], p[1]));
     p += 2;
     ++made;
   }
@@ -226,7 +245,7 @@ void narrow(TranscodingState& state, unsigned char const* until,
   state.total += static_cast<std::size_t>(made);
 }
 
-// Measures blocks of ASCII and such pairs, as skipBlocks goes.
+// Measures blocks of ASCII and such pairs, as skipBlocks goes, but leaves the last one.
 ATR_WIDE_VECTORS void measureNarrowBlocks(TranscodingState& state, unsigned char const* end) {
   unsigned char const* p = state.text;
   while (end - p >= kBlock) {
@@ -251,14 +270,9 @@ ATR_WIDE_VECTORS void measureNarrowBlocks(TranscodingState& state, unsigned char
 
 void narrowUtf8(TranscodingState& state, unsigned char const* end) {
   if (state.out != nullptr) return narrow<true>(state, end, end);
-  std::ptrdiff_t slow = kLookBack;
-  for (;;) {
-    unsigned char const* const until = state.text + std::min(slow, end - state.text);
-    narrow<false>(state, until, end);
-    if (state.text < until || state.text == end) return;
-    measureNarrowBlocks(state, end);
-    slow = kBlock;
-  }
+  goByBlocks(
+      state.text, end, [&](unsigned char const* until) { narrow<false>(state, until, end); },
+      [&] { measureNarrowBlocks(state, end); });
 }
 
 void widenToUtf8(TranscodingState& state, unsigned char const* end) {

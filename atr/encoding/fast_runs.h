@@ -29,12 +29,12 @@ void narrowUtf8(TranscodingState& state, unsigned char const* end);
 /// Codes of one byte to UTF-8.
 void widenToUtf8(TranscodingState& state, unsigned char const* end);
 
-/// The first character in [p, end) that begins at `until` or behind it, or that is not strict
+/// A character in [p, end) at `until` or behind it, or the first before it that is not strict
 /// UTF-8, of which every UTF-8 takes the same: shortest forms, no surrogates, up to U+10FFFF.
 unsigned char const* skipStrictUtf8(unsigned char const* p, unsigned char const* until,
                                     unsigned char const* end) noexcept;
 
-/// As skipStrictUtf8 up to `end`; ahead from about a hundred bytes on.
+/// As skipStrictUtf8 up to `end`; ahead from about a hundred bytes on (BM validate UTF-8 4 kB).
 unsigned char const* skipStrictUtf8ByBlocks(unsigned char const* p,
                                             unsigned char const* end) noexcept;
 

@@ -14,13 +14,12 @@ struct MessageSlots {
   /// The slot at `position`, or null for an illegal one.
   static Slot* at(atr_translate const& message, int position) { return message.slotAt(position); }
 
-  /// As AddSubstitution, with a plain text of `bytes` bytes.
-  static void put(atr_translate& message, Slot& slot, char const* text, std::size_t bytes);
+  /// Makes a block of operator new, with `bytes` bytes of text and a NUL, the substitution of the
+  /// slot. What was there goes only now, so that a text may come from the slot that it goes into.
+  static void take(atr_translate& message, Slot& slot, char* block, std::size_t bytes) noexcept;
 
-  /// The same with a block of operator new, which is taken over, and its `bytes` bytes of text.
-  static void take(atr_translate& message, Slot& slot, char* block, std::size_t bytes) noexcept {
-    message.put(slot, block, bytes);
-  }
+  /// The same with a copy of `text`.
+  static void put(atr_translate& message, Slot& slot, char const* text, std::size_t bytes);
 
   /// As AddSubstitution.
   static void putField(atr_translate& message, Slot& slot, char const* text, char const* format);

@@ -19,9 +19,7 @@ char* writeDigits(char (&out)[kDigitRoom], char letter, unsigned long long value
   if (value == 0) return out;
   int const base = letter == 'o' ? 8 : letter == 'x' || letter == 'X' ? 16 : 10;
   char* const end = std::to_chars(out, out + kDigitRoom, value, base).ptr;
-  for (char* p = out; letter == 'X' && p != end; ++p) {
-    if (*p >= 'a') *p = static_cast<char>(*p - 'a' + 'A');
-  }
+  if (letter == 'X') std::transform(out, end, out, [](char c) { return c >= 'a' ? c & ~0x20 : c; });
   return end;
 }
 

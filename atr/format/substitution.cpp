@@ -41,44 +41,42 @@ Field parseField(char const* format) noexcept {
   return field;
 }
 
-struct Text {
-  char* block;
-  std::size_t bytes;
-};
-
-Text newText(char const* text, std::size_t bytes) {
+char* newText(char const* text, std::size_t bytes) {
   auto* const block = static_cast<char*>(::operator new(bytes + 1));
   copyBytes(block, text, bytes);
   block[bytes] = '\0';
-  return {block, bytes};
+  return block;
+}
+
+std::size_t fieldBytes(Field const& field, std::size_t used) noexcept {
+  return std::max(static_cast<std::size_t>(std::max(field.width, 0)), used);
 }
 
 // [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ]
-Text newField(char const* text, Field const& field) {
-  std::size_t const length = std::strlen(text);
-  std::size_t const used =
-      field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);
-  std::size_t const total = std::max(static_cast<std::size_t>(std::max(field.width, 0)), used);
+char* newField(char const* text, std::size_t used, Field const& field) {
+  std::size_t const total = fieldBytes(field, used);
   auto* const block = static_cast<char*>(::operator new(total + 1));
   std::memset(block + (field.isLeft ? used : 0), ' ', total - used);
   std::memcpy(block + (field.isLeft ? 0 : total - used), text, used);
   block[total] = '\0';
-  return {block, total};
+  return block;
 }
 
 }  // namespace
 
 void MessageSlots::put(atr_translate& message, Slot& slot, char const* text, std::size_t bytes) {
-  message.put(slot, newText(text, bytes).block, bytes);
+  take(message, slot, newText(text, bytes), bytes);
 }
 
 void MessageSlots::putField(atr_translate& message, Slot& slot, char const* text,
                             char const* format) {
   char const* const value = text != nullptr ? text : "";
-  bool const isPlain = format == nullptr || format[1] == 's';
-  auto const [block, bytes] =
-      isPlain ? newText(value, std::strlen(value)) : newField(value, parseField(format));
-  message.put(slot, block, bytes);
+  std::size_t const length = std::strlen(value);
+  if (format == nullptr || format[1] == 's') return put(message, slot, value, length);
+  Field const field = parseField(format);
+  std::size_t const used =
+      field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);
+  take(message, slot, newField(value, used, field), fieldBytes(field, used));
 }
 
 void atr_translate::AddSubstitution(int position, char const* text, char const* format) {

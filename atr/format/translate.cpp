@@ -7,6 +7,7 @@
 #include <memory>
 #include <new>
 
+#include "atr/format/message_slots.h"
 #include "atr/format/template_scan.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
@@ -24,7 +25,7 @@ constexpr int kPlaceholderBytes = 2;
 char* newBlock(std::size_t bytes) { return static_cast<char*>(::operator new(bytes)); }
 
 // Where a placeholder stands in the compiled text, which may hold "%s" of its own, and how many
-// bytes of substitution go there.
+// bytes of substitution go there. One more tells where the text ends.
 struct Place {
   std::size_t at;
   std::size_t bytes;
@@ -125,7 +126,9 @@ atr_translate::~atr_translate() {
   ::operator delete(compiled);
 }
 
-// A placeholder is no longer than the shortest conversion, so that the text never grows.
+// A placeholder is no longer than the shortest conversion, so that the text never grows and its
+// length bounds the block. Where conversions were refused, the places move up behind the pointers
+// that are left.
 void atr_translate::parse(char const* text, char const* end) {
   std::size_t const slots = countPercents(text, end);
   compiled = newBlock(static_cast<std::size_t>(checkedLength(end - text)) + 1);
@@ -140,7 +143,7 @@ void atr_translate::parse(char const* text, char const* end) {
   scanTemplate(text, end, compile);
   *compile.out = '\0';
   if (slots == 0) return;
-  places[count] = {static_cast<std::size_t>(compile.out - compiled), 0};  // the end of the text
+  places[count] = {static_cast<std::size_t>(compile.out - compiled), 0};
   std::copy_n(places, count + 1, placesBehind(sorted, count));
   sortSlots(compile.hasUnnumbered);
 }
@@ -214,12 +217,11 @@ char const* atr_translate::Format(int position) const {
 
 void atr_translate::FixExponent(char* text) { shortenExponent(text); }
 
-// The old substitution goes only when the new one stands, so that a text may come from the slot
-// that it goes into.
-void atr_translate::put(StrArgs& slot, char* block, std::size_t bytes) noexcept {
+void MessageSlots::take(atr_translate& message, Slot& slot, char* block,
+                        std::size_t bytes) noexcept {
   ::operator delete(slot.substitution);
   slot.substitution = block;
-  placesBehind(sorted, count)[&slot - args].bytes = bytes;
+  placesBehind(message.sorted, message.count)[&slot - message.args].bytes = bytes;
 }
 
 namespace {

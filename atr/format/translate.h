@@ -7,8 +7,6 @@
 #ifndef ATR_FORMAT_TRANSLATE_H
 #define ATR_FORMAT_TRANSLATE_H
 
-#include <cstddef>
-
 #include "atr/frame/export.h"
 #include "atr/strings/string.h"
 
@@ -76,12 +74,11 @@ class atr_translate {
   void parse(char const* text, char const* end);
   void parseEncoded(atr::MessageText const& message);
   void sortSlots(bool hasUnnumbered);
-  void put(StrArgs& slot, char* block, std::size_t bytes) noexcept;
 
   char const* source;  // the caller's pointer; not read again
   int count;           // conversions
   StrArgs* args;       // in template order; may have more elements than `count`
-  StrArgs** sorted;    // [ pointers by number | places in template order ], `count` of each
+  StrArgs** sorted;    // [ `count` pointers by number | `count` places in template order | end ]
   char* compiled;      // text with "%s" at each conversion
 };
 

@@ -22,8 +22,7 @@ void publishVariable(char* nameAndValue) noexcept;
 /// not opening, and none of them blocks.
 std::FILE* openText(char const* path) noexcept;
 
-/// Reads a line as fgets does, with a line end of CR LF read as LF. No other thread may use
-/// `stream` at the time.
+/// Reads a line as fgets does, with a line end of CR LF read as LF.
 /// @return the bytes up to the first NUL, or -1 at the end of the file.
 int readLine(char* line, int size, std::FILE* stream) noexcept;
 

@@ -97,14 +97,18 @@ bool warnsOfEncoding() noexcept {
   return flag == Flag::on;
 }
 
-// The value is judged before and after its escapes are decoded, and measured behind them, so that
-// its block is as large as what is written.
-Block convertValue(EntryLine const& line, bool warns) noexcept {
-  atr_trDecodeEscapes(line.value);
-  if (warns && measure(line.value, 0) == -2) {
-    atr_trWarnEncoding(line.key, line.keyBytes);
-  }
-  int const bytes = measure(line.value, kSubstitute);
+bool hasEscapes(EntryLine const& line) noexcept {
+  return std::memchr(line.value, '\\', static_cast<std::size_t>(line.valueBytes)) != nullptr;
+}
+
+// The value is judged before and after its escapes are decoded. Without escapes the first measure
+// stands; with them the text is measured again, so that its block is as large as what is written.
+Block convertValue(EntryLine const& line, int measured, bool warns) noexcept {
+  int bytes = measured;
+  bool const isEscaped = hasEscapes(line);
+  if (isEscaped) atr_trDecodeEscapes(line.value);
+  if (warns && measure(line.value, 0) == -2) atr_trWarnEncoding(line.key, line.keyBytes);
+  if (isEscaped) bytes = measure(line.value, kSubstitute);
   if (bytes < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);
     return nullptr;
@@ -120,20 +124,22 @@ Block convertValue(EntryLine const& line, bool warns) noexcept {
 // Strict UTF-8 without escapes is what a UTF-8 locale makes of it.
 bool staysAsItIs(EntryLine const& line) noexcept {
   return platform::currentCodeset() == platform::Codeset::utf8 && isStrictUtf8(line) &&
-         std::memchr(line.value, '\\', static_cast<std::size_t>(line.valueBytes)) == nullptr;
+         !hasEscapes(line);
 }
 
-// Takes the entry over unless it is bad, there is no memory for it, or the array is full.
+// Takes the entry over unless it is bad, there is no memory for it, or the array is full. The first
+// entry that is not bad fixes the site's answer, whatever its value.
 void storeEntry(EntryLine& line, int capacity) noexcept {
   cutClosing(line);
-  bool const isPlain = staysAsItIs(line);
-  if (!isPlain && measure(line.value, kSubstitute) < 0) {
+  bool const staysSo = staysAsItIs(line);
+  int const measured = staysSo ? line.valueBytes : measure(line.value, kSubstitute);
+  if (measured < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);
     return;
   }
   bool const warns = warnsOfEncoding();
   Block key = copyOf(line.key, line.keyBytes);
-  Block text = isPlain ? copyOf(line.value, line.valueBytes) : convertValue(line, warns);
+  Block text = staysSo ? copyOf(line.value, measured) : convertValue(line, measured, warns);
   if (key == nullptr || text == nullptr || atr_trTable.count == capacity) return;
   atr_trDecodeEscapes(key.get());
   atr_trTable.entries[atr_trTable.count++] = {key.release(), text.release()};

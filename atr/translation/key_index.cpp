@@ -23,7 +23,8 @@ std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
 
 }  // namespace
 
-// Two words at a time, which do not wait for each other; the last ones overlap those before.
+// Two words at a time, which do not wait for each other; the last ones overlap those before. A
+// product carries differences upwards only, so that the last word needs one more.
 std::uint32_t hashOf(std::string_view key) noexcept {
   char const* p = key.data();
   char const* const end = p + key.size();
@@ -41,7 +42,7 @@ std::uint32_t hashOf(std::string_view key) noexcept {
     even = mixed(even, loadWord(end - p > kWord ? p : end - kWord));
     odd = mixed(odd, loadWord(end - kWord));
   }
-  return static_cast<std::uint32_t>(mixed(even, odd) >> 32);
+  return static_cast<std::uint32_t>(mixed(mixed(even, odd), 0) >> 32);
 }
 
 bool KeyIndex::insert(TranslationTable const& table, int entry) noexcept {
@@ -78,12 +79,13 @@ void KeyIndex::clear() noexcept {
 TranslationEntry const* KeyIndex::find(TranslationTable const& table,
                                        std::string_view key) const noexcept {
   std::uint32_t const hash = hashOf(key);
-  for (std::uint32_t at = hash;; ++at) {
-    Slot const& slot = slots_[at & mask_];
+  for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
+    Slot const& slot = slots_[(hash + probe) & mask_];
     if (slot.entry == 0) return nullptr;
     TranslationEntry const& entry = table.entries[slot.entry - 1];
     if (slot.hash == hash && std::strcmp(entry.key, key.data()) == 0) return &entry;
   }
+  return nullptr;
 }
 
 }  // namespace atr
