@@ -19,17 +19,6 @@ S substitute(S const& text, auto... values) {
 
 }  // namespace
 
-// What four values in a row give for six conversions, numbered 0 to 6 or not at all: the order in
-// which equal numbers end is that of the steps of the sort.
-TEST(Format, EqualNumbers) {
-  for (unsigned n = 0; n < 1U << 18; n += 7) {
-    S text;
-    for (unsigned bits = n, i = 0; i < 6; ++i, bits >>= 3)
-      text += bits % 8 == 7 ? "%s," : "%" + std::to_string(bits % 8) + "$s,";
-    kTwins[0].run(text);
-  }
-}
-
 TEST(Format, TemplateRows) {
   // clang-format off
   constexpr char const* kRows[][3] = {// template, its formats by position, the result of five values
@@ -74,8 +63,6 @@ TEST(Format, LargeTemplatesAndFields) {
   EXPECT_EQ(message.Result().c_str(), result);
   field.AddSubstitution(1, "abc", "%9999999s");
   EXPECT_EQ(field.Result().length(), 9999999);
-  field.AddSubstitution(1, nullptr, "%-3s");
-  EXPECT_STREQ(field.Result().c_str(), "   ");
 }
 
 TEST(Format, Conversions) {
@@ -144,26 +131,19 @@ TEST(Format, ValuesSmallWorld) {
 }
 
 TEST(Format, ValueRows) {
-  EXPECT_EQ(
-      substitute("%5s|%5d|%-5.2s|%.9s|%s", atr_String(), "abc", "abc", atr_String("abc"), nullptr),
-      "     |abc|ab   |abc|");
+  EXPECT_EQ(substitute("%5s|%5d|%-5.2s|%.9s|%s|%-3s", atr_String(), "abc", "abc", atr_String("abc"),
+                       nullptr, nullptr),
+            "     |abc|ab   |abc||   ");
   EXPECT_EQ(substitute("%c|%5c|%-5c|%c", 0, 0, 0, -23), "|    ||\xE9");
   EXPECT_EQ(substitute("%1.2.3d|%5-3d|%.-3d", 7, 7, 7), "07|    7|7");
-  for (S const huge : {"2000000", "2147483648", "99999999999999999999"}) {
-    for (S const& text : {"%" + huge, "%." + huge, "%-0" + huge + "." + huge}) {
-      EXPECT_LE(substitute(text + "d", -5).size(), 1024U) << text;
-      EXPECT_LE(substitute(text + "f", 1e300).size(), 1400U) << text;
-    }
-  }
+  EXPECT_EQ(substitute("%2000000d", 7).size(), 1023);
+  EXPECT_EQ(substitute("%.2147483648d", -5).size(), 1024);
+  EXPECT_EQ(substitute("%-0999999999999.99999999999999999999f", -1e300).size(), 1326);
 }
 
 TEST(Format, WithoutMemory) {
-  EXPECT_GE(failEach([](int k) {
-              fails(k, [] {
-                EXPECT_EQ(substitute("%2$5d of %1$s: %ld%%", "ten", 3), "    3 of ten: %");
-              });
-            }),
-            9);
+  auto const run = [] { EXPECT_EQ(substitute("%2$3d of %1$s: %d%%", "ten", 3), "  3 of ten: %"); };
+  EXPECT_GE(failEach([&](int k) { fails(k, run); }), 9);
 }
 
 TEST(Format, ReplaceNonTranslated) {
@@ -171,21 +151,17 @@ TEST(Format, ReplaceNonTranslated) {
   std::tuple<char const*, int, char const*, char const*> const rows[] = {
       {"%s", 0, nullptr, ""}, {"%1$d", 1, "x", "%1$d"}, {"%3$s", 2, "x", "%3$s"}, {"", 0, "x", ""},
       {"a%1$sb", 1, "%2$s", "a%2$sb"}, {"%1$s %1$s", 1, "x", "x %1$s"}, {"%-1$s", -1, "x", "x"}, {"%2$5s", 2, "x", "%2$5s"}};
+  char const* const patterns[][4] = {{"a-b-c", "-", "+", "a+b-c"}, {"a-b-c", "", "+", "a-b-c"}, {"%s", nullptr, "x", "%s"}};
   // clang-format on
-  for (auto const& [text, position, value, result] : rows) {
+  auto const check = [](char const* text, auto what, char const* value, S const& result) {
     atr_String plain(text), wrapped(text);
-    EXPECT_STREQ(plain.ReplaceNonTranslated(position, value).c_str(), result) << text;
-    EXPECT_STREQ(wrapped.ReplaceNonTranslated(position, atr_String(value)).c_str(), result) << text;
-  }
-  atr_String const a("value %1$d of %2$d"), b("a-b-c"), c("%s!");
-  auto const replace = [](atr_String s, auto what, auto const& value) {
-    return textOf(s.ReplaceNonTranslated(what, value));
+    EXPECT_EQ(textOf(plain.ReplaceNonTranslated(what, value)), result);
+    EXPECT_EQ(textOf(wrapped.ReplaceNonTranslated(what, atr_String(value))), result);
   };
-  atr_String own(c), both(a);
-  EXPECT_EQ(textOf(both.ReplaceNonTranslated(2, 9).ReplaceNonTranslated(1, 3)), "value 3 of 9");
-  EXPECT_EQ(replace("%%d", 0, 7) + replace("%10$d", 1, 7), "%7%10$d");
-  EXPECT_EQ(replace(b, "-", "+") + replace(b, static_cast<char const*>(nullptr), "+"),
-            "a+b-ca-b-c");
-  EXPECT_EQ(replace(b, "", atr_String("+")) + replace(c, 0, c), "a-b-c%s!!");
-  EXPECT_STREQ((own = "%s!").ReplaceNonTranslated(0, own).c_str(), "%s!!");
+  for (auto const& [text, position, value, result] : rows) check(text, position, value, result);
+  for (auto const& [text, pattern, value, result] : patterns) check(text, pattern, value, result);
+  atr_String numbers("%1$d%%d of %d %2$d"), own("%s!");
+  numbers.ReplaceNonTranslated(2, 9).ReplaceNonTranslated(1, 3).ReplaceNonTranslated(0, 7);
+  EXPECT_STREQ(numbers.c_str(), "3%7 of %d 9");
+  EXPECT_STREQ(own.ReplaceNonTranslated(0, own).c_str(), "%s!!");
 }

@@ -1,24 +1,7 @@
-// The room of folded texts, and the test mode in fresh processes. The twins hold the folds.
-#include "atr/strings/body_room.h"
+// Long texts, and the test mode in fresh processes. The twins hold the folds and their room.
 #include "support/support.h"
 
 using namespace test;
-
-// The room of a folded text is what appending it line by line comes to.
-TEST(Layout, RoomOfTheResult) {
-  S text = "xxxxxxxxxx";
-  while (text.size() < 600) {
-    text += text.size() % 7 == 0 ? ' ' : 'x';
-    Text const folded(atr_String::BreakLineString(text.c_str(), 10));
-    Text appended;
-    std::istringstream lines(textOf(folded));
-    for (S line; std::getline(lines, line); appended.Append(line.c_str()))
-      if (!appended.IsEmpty()) appended.Append("\n");
-    ASSERT_EQ(folded.r()->size, appended.r()->size) << text;
-    ASSERT_EQ(Text(atr_String::AddLineBreaks(text.c_str(), 10, false)).r()->size,
-              atr::bodySize(static_cast<int>(folded.length())));
-  }
-}
 
 TEST(Layout, LongTexts) {
   S text;

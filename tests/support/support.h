@@ -38,15 +38,6 @@ struct TempFile {
 };
 S tempFolder();
 
-/// A string whose representation can be looked at.
-struct Text : atr_String {
-  using atr_String::atr_String;
-  Text(atr_String const& other) : atr_String(other) {}
-  Text(atr_String&& other) : atr_String(std::move(other)) {}
-  atr_StringRep* r() const { return rep; }
-  char* b() const { return body; }
-};
-
 struct Allocations {
   int taken;              // blocks
   int freed;              // blocks, null not counted

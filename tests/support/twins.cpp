@@ -8,6 +8,7 @@
 
 #include "atr/encoding/encoding_table.h"
 #include "atr/frame/memory.h"
+#include "atr/strings/summary.h"
 #include "atr/translation/dictionary_reader.h"
 #include "atr/translation/translation_table.h"
 
@@ -90,10 +91,11 @@ void fields(std::string_view bytes) {
 void numbers(std::string_view bytes) {
   for (char const letter : S("EXcdefgosux")) {
     atr_translate message(("%1$" + upToNul(bytes) + letter).c_str());
-    atr_SubstituteFormat(message, 1, -5);
-    atr_SubstituteFormat(message, 1, ULLONG_MAX);
-    atr_SubstituteFormat(message, 1, 1e300);
-    require(message.Result().length() < 1500 + bytes.size(), "a bounded field");
+    auto const check = [&](auto value, std::size_t room) {
+      atr_SubstituteFormat(message, 1, value);
+      require(message.Result().length() <= room + bytes.size(), "a bounded field");
+    };
+    check(-5, 1024), check(ULLONG_MAX, 1023), check(1e300, 1400);
   }
 }
 
@@ -131,7 +133,7 @@ void dictionaries(std::string_view bytes) {
   atr_trSort();
   for (int i = 1; i < atr_trTable.count; ++i) {
     auto const* const e = atr_trTable.entries + i;
-    require(atr_trCompareKeys(e - 1, e) <= 0 && atr_trFind(e->key) != nullptr, "sorted, found");
+    require(S(e[-1].key) <= e->key && atr_trFind(e->key) != nullptr, "sorted, found");
   }
   atr_trReleaseDB();
   std::fclose(file);
@@ -166,46 +168,49 @@ void encodings(std::string_view bytes) {
   }
 }
 
-S breakLine(S const& text, std::size_t limit) {
+// Line by line, which also decides on the room of the result.
+Text breakLine(S const& text, std::size_t limit) {
   auto const isBlank = [&](std::size_t i) { return S(" \t\n\v\f\r").find(text[i]) != S::npos; };
-  if (text.size() <= limit) return text;
-  S result;
+  Text result;
   for (std::size_t at = 0, end = 0; at < text.size(); at = end) {
-    if (at > 0 && ++at == text.size()) return result + (text.back() == '\n' ? "\n" : "");
+    if (at > 0 && (++at < text.size() || text.back() == '\n')) result.Append("\n");
     for (end = at; end - at < limit && end < text.size();)
       for (bool isInWord = false; end < text.size() && !(isInWord && isBlank(end));
            end += characterBytes(text, end))
         isInWord = !isBlank(end);
-    result += (result.empty() ? "" : "\n") + text.substr(at, end - at);
+    result.append(text.data() + at, static_cast<int>(end - at), 0, INT_MAX);
   }
   return result;
 }
 
 void lines(std::string_view bytes) {
   S const text(bytes);
-  atr_String const s(text.c_str(), static_cast<int>(text.size()));
+  auto const exact = [](S const& t) { return Text(t.data(), static_cast<int>(t.size())); };
+  Text const s = exact(text);
   for (std::size_t const limit : {0U, 1U, 2U, 3U, 8U, 72U}) {
     std::size_t const width = std::max<std::size_t>(limit, 1);
     bool const fits = text.size() <= width, isKept = fits || text.find('\n') != text.npos;
     S folded;
     for (std::size_t at = 0, end = 0; at < text.size(); at = end) {
       end = std::min(text.size(), text.find('\n', at)) + 1;
-      folded += breakLine(text.substr(at, end - at), width);
+      S const line = text.substr(at, end - at);
+      folded += line.size() <= width ? line : textOf(breakLine(line, width));
     }
-    atr_String const line = atr_String::BreakLineString(s, limit),
-                     kept = atr_String::AddLineBreaks(s, limit, true);
-    same(textOf(line), breakLine(text, width), text);
-    same(textOf(atr_String::AddLineBreaks(s, limit, false)), fits ? text : folded, text);
-    same(textOf(kept), isKept ? text : textOf(line), text);
-    require((line.c_str() == s.c_str()) == fits, "shared");
-    require((kept.c_str() == s.c_str()) == isKept, "shared");
+    auto const check = [&](Text const& ours, bool isShared, Text const& expected) {
+      same(textOf(ours), textOf(expected), text);
+      require((ours.r() == s.r()) == isShared && ours.r()->size == expected.r()->size, text);
+    };
+    Text const line = fits ? s : breakLine(text, width);
+    check(atr_String::BreakLineString(s, limit), fits, line);
+    check(atr_String::AddLineBreaks(s, limit, false), fits, exact(folded));
+    check(atr_String::AddLineBreaks(s, limit, true), isKept, isKept ? s : exact(textOf(line)));
   }
 }
 
 std::vector<S> split(std::string_view bytes) {
   std::vector<S> parts(3);
   std::istringstream in(upToNul(bytes));
-  for (S& part : parts) std::getline(in, part, '|');
+  for (S& part : parts) std::getline(in, part, &part == &parts[2] ? '\0' : '|');
   return parts;
 }
 
@@ -221,25 +226,29 @@ void orders(std::string_view bytes) {
   }
 }
 
-// hay|needle|to
+// needle|to|hay. What sweeps replace is what the passes come to that run while the summary is on,
+// with the room that they end in.
 void searches(std::string_view bytes) {
   auto const parts = split(bytes);
-  S hay = parts[0], needle = parts[1];
-  atr_String s(hay.c_str(), static_cast<int>(hay.size()));
+  S const &needle = parts[0], &to = parts[1];
+  S hay = parts[2];
+  Text s(hay.c_str(), static_cast<int>(hay.size())), passed(s.c_str());
   for (std::size_t pos = 0; pos <= hay.size() + 1; ++pos) {
     int const at = static_cast<int>(pos);
     auto const found = pos > hay.size() ? hay.npos : hay.find(needle, pos);
-    auto last = hay.npos;  // the first occurrence, the next, ..., as far as they may start
-    for (auto i = hay.find(needle); i <= pos && at > 0; i = hay.find(needle, i + 1)) {
-      last = i;
-      if (i + 1 >= hay.size()) break;
-    }
+    auto const last = std::min(pos, hay.size() - (needle.empty() ? 1 : 0));
+    auto const back = pos > 0 ? hay.rfind(needle, last) : hay.npos;
     require(z(s.Find(needle.c_str(), at)) == std::min(found, hay.size()), hay + " Find " + needle);
-    require(z(s.rfind(needle.c_str(), 1, at)) == std::min(last, hay.size()), hay + " rfind");
+    require(z(s.rfind(needle.c_str(), 1, at)) == std::min(back, hay.size()), hay + " rfind");
   }
-  for (int i = 0; i < 5 && !needle.empty() && hay.find(needle) != hay.npos; ++i)
-    hay.replace(hay.find(needle), needle.size(), parts[2]);
-  same(textOf(s.Substitute(needle.c_str(), parts[2].c_str(), 5)), hay, bytes);
+  for (int i = 0; i < 20 && !needle.empty() && hay.find(needle) != hay.npos; ++i)
+    hay.replace(hay.find(needle), needle.size(), to);
+  same(textOf(s.Substitute(needle.c_str(), to.c_str(), 20)), hay, bytes);
+  atr_StringSummary record{};
+  atr_summary = &record;
+  same(textOf(passed.Substitute(needle.c_str(), to.c_str(), 20)), hay, bytes);
+  atr_summary = nullptr;
+  require(passed.r() == nullptr || s.r()->size == passed.r()->size, hay);
 }
 
 // Four bytes a step, on a few strings that share and alias each other.
@@ -250,19 +259,24 @@ void strings(std::string_view bytes) {
     auto const byte = [&](std::size_t k, std::size_t below) {
       return static_cast<unsigned short>(static_cast<unsigned char>(bytes[i + k]) % below);
     };
+    auto const place = [&](std::size_t k, std::size_t below) {  // or far outside
+      int const chance = byte(k, 64);
+      return chance > 2 ? byte(k, below) : chance == 0 ? INT_MIN : chance == 1 ? -1 : INT_MAX;
+    };
     atr_String &s = ours[byte(0, 4)], &t = ours[byte(0, 16) / 4];
     S &m = models[byte(0, 4)], other = models[byte(0, 16) / 4];
-    auto const at = byte(1, m.size() + 1), from = byte(2, other.size() + 1), n = byte(3, 40);
-    int const length = static_cast<int>(other.size());
-    int const choice = m.size() > 500 ? 4 : byte(0, 128) / 16;
-    S const piece = other.substr(from, n);
+    int const p = place(1, m.size() + 1), from = place(2, other.size() + 1), n = place(3, 40);
+    int const length = static_cast<int>(other.size()),
+              choice = m.size() > 500 ? 4 : byte(0, 128) / 16;
+    auto const at = z(std::clamp(p, 0, static_cast<int>(m.size()))), count = z(std::max(n, 0));
+    S const piece = other.substr(z(std::clamp(from, 0, length)), count);
     if (choice == 0) s = t, m = other;
     if (choice == 1) s.append(t.c_str(), length, from, n), m += piece;
-    if (choice == 2) s.insert(at, t.c_str(), length, from, n), m.insert(at, piece);
-    if (choice == 3) s.replace(at, 3, t.c_str(), length, from, n), m.replace(at, 3, piece);
+    if (choice == 2) s.insert(p, t.c_str(), length, from, n), m.insert(at, piece);
+    if (choice == 3) s.replace(p, 3, t.c_str(), length, from, n), m.replace(at, 3, piece);
     if (choice == 4) s = "Seed Text", m = "Seed Text";
-    if (choice == 5) s.Erase(at, n), m.erase(at, n);
-    if (choice == 6) s = t.Substr(from, n), m = piece;
+    if (choice == 5) s.Erase(p, n), m.erase(at, count);
+    if (choice == 6) s = t.Substr(z(std::max(from, 0)), count), m = piece;
     if (choice == 7) s = s + t, m += other;
     for (int k = 0; k < 4; ++k) same(textOf(ours[k]), models[k], "step " + std::to_string(i / 4));
   }
@@ -305,8 +319,11 @@ void pools(std::string_view bytes) {
 
 // clang-format off
 Twin const test::kTwins[12] = {
-    {"templates", templates, "%12$dy-l", 6}, {"fields", fields, "-.05sl ", 6}, {"numbers", numbers, "-.09l", 4},
-    {"exponents", exponents, "e+01 ", 6}, {"escapes", escapes, "\\x0789fgn\xE9", 5}, {"dictionaries", dictionaries, "'] =r\n\\x\xE9", 0},
-    {"encodings", encodings, "a\xC3\xA9\xE3\x82\xED\xF0\x80", 4}, {"lines", lines, "a \n\x83\x5C", 6},
-    {"orders", orders, "09a|\xE9", 7}, {"searches", searches, "ab|", 8}, {"strings", strings, "", 0}, {"pools", pools, "", 0}};
+    {"templates", templates, {"%", "%1$", "%3$d", "%s", "2", "$", "s", "y", "-l"}, 5},
+    {"fields", fields, {"-", ".", "0", "5", "s", "l", " "}, 6}, {"numbers", numbers, {"-", ".", "0", "9", "l"}, 4},
+    {"exponents", exponents, {"e", "+", "0", "1", " "}, 6}, {"escapes", escapes, {"\\", "x", "0", "7", "8", "9", "f", "g", "n", "\xE9"}, 5},
+    {"dictionaries", dictionaries, {"['", "'] = r'", "'", "\n", "\r\n", "\\n", "\\101", "\xC3\xA9", "a", "b"}, 3},
+    {"encodings", encodings, {"a", "\xC3", "\xA9", "\xE3", "\x82", "\xED", "\xF0", "\x80"}, 4},
+    {"lines", lines, {"a", " ", "\n", "\x83", "\x5C", "wwwwwww"}, 5}, {"orders", orders, {"0", "9", "a", "|", "\xE9"}, 7},
+    {"searches", searches, {"a", "b", "|", "aaaaaaa"}, 7}, {"strings", strings, {}, 0}, {"pools", pools, {}, 0}};
 // clang-format on

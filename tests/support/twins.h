@@ -23,14 +23,23 @@ inline auto* octets(S& s) { return reinterpret_cast<unsigned char*>(s.data()); }
 inline auto* octets(S const& s) { return reinterpret_cast<unsigned char const*>(s.data()); }
 constexpr std::size_t z(auto number) { return static_cast<std::size_t>(number); }
 
+/// A string whose representation can be looked at.
+struct Text : atr_String {
+  using atr_String::atr_String;
+  Text(atr_String const& other) : atr_String(other) {}
+  Text(atr_String&& other) : atr_String(std::move(other)) {}
+  atr_StringRep* r() const { return rep; }
+  char* b() const { return body; }
+};
+
 /// Bytes of the character at a position in the locale: 1 also for what is none.
 std::size_t characterBytes(S const& s, std::size_t at);
 
 struct Twin {
   char const* name;
   void (*run)(std::string_view bytes);
-  char const* alphabet;  // the bytes that matter, for a small world
-  int longest;           // of its texts
+  std::vector<S> pieces;  // what matters, for a small world
+  int longest;            // of its texts, in pieces
 };
 
 extern Twin const kTwins[12];
