@@ -167,22 +167,6 @@ TEST(Translation, LargeTables) {
     }
 }
 
-TEST(Translation, CompareAndRelease) {
-  S keys[] = {"", "a", "ab", "z", "\xC3"};
-  for (S& a : keys) {
-    for (S& b : keys) {
-      TranslationEntry const x = {a.data(), nullptr}, y = {b.data(), nullptr};
-      EXPECT_EQ(atr_trCompareKeys(&x, &y), (&a > &b) - (&a < &b)) << a << ' ' << b;
-    }
-  }
-  for (void* const entries :
-       {mem_Calloc(3, sizeof(TranslationEntry)), static_cast<void*>(nullptr)}) {
-    atr_trTable = {static_cast<TranslationEntry*>(entries), -1};
-    atr_trReleaseDB();
-    EXPECT_EQ(picture(atr_trTable.entries, atr_trTable.count, mem_status().blocksInUse), "0 0 0");
-  }
-}
-
 // One process after another, since locale and environment are the process's own.
 TEST(Translation, LocaleAndSearch) {
   S const sep = atr::platform::directorySeparator, list(1, atr::platform::listSeparator),
