@@ -1,8 +1,8 @@
 #include "support/support.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <list>
 
 namespace fs = std::filesystem;
@@ -30,10 +30,7 @@ test::TempFile::~TempFile() { fs::remove_all(path); }
 
 void test::exitWithFailures() {
   auto const& result = *::testing::UnitTest::GetInstance()->current_test_info()->result();
-  for (int i = 0; i < result.total_part_count(); ++i) {
-    auto const& part = result.GetTestPartResult(i);
-    std::fprintf(stderr, "%d: %s\n", part.line_number(), part.message());
-  }
+  for (int i = 0; i < result.total_part_count(); ++i) std::cerr << result.GetTestPartResult(i);
   std::exit(result.total_part_count());
 }
 
