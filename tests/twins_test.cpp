@@ -16,15 +16,10 @@ void forEachText(std::vector<S> const& pieces, int longest, auto const& visit, S
     if (longest > 0) forEachText(pieces, longest - 1, visit, text + piece);
 }
 
-// Names a twin in test listings. The library looks for it beside the type.
-namespace test {
-static void PrintTo(Twin const& twin, std::ostream* out) { *out << twin.name; }
-}  // namespace test
-
-class Twins : public testing::TestWithParam<Twin> {};
+class Twins : public testing::TestWithParam<int> {};
 
 TEST_P(Twins, Agree) {
-  auto const& [name, run, pieces, longest] = GetParam();
+  auto const& [name, run, pieces, longest] = kTwins[GetParam()];
   auto const check = [run = run](S const& bytes) {  // in a block of its size, for the sanitizer
     std::vector<char> const exact(bytes.begin(), bytes.end());
     ASSERT_NO_THROW(run({exact.data(), exact.size()})) << bytes;
@@ -47,5 +42,5 @@ TEST_P(Twins, Agree) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(, Twins, testing::ValuesIn(kTwins),
-                         [](auto const& twin) { return twin.param.name; });
+INSTANTIATE_TEST_SUITE_P(, Twins, testing::Range(0, 12),
+                         [](auto const& twin) { return kTwins[twin.param].name; });

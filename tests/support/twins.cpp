@@ -1,5 +1,6 @@
 #include "support/twins.h"
 
+#include <list>
 #include <map>
 #include <numeric>
 #include <regex>
@@ -42,9 +43,9 @@ S formatMessage(S const& s, std::vector<S> const& values) {
       texts.back() += letter;
       continue;
     }
-    numbers.push_back(number.empty()       ? -1
-                      : number.size() > 18 ? INT_MAX
-                                           : std::min<long long>(INT_MAX, std::stoll(number)));
+    long long const most = INT_MAX;
+    numbers.push_back(number.empty() ? -1
+                                     : std::min(most, std::strtoll(number.c_str(), nullptr, 10)));
     texts.emplace_back();
   }
   auto const find = [&](long long n) { return std::find(numbers.begin(), numbers.end(), n); };
@@ -282,35 +283,45 @@ void strings(std::string_view bytes) {
   }
 }
 
-// Two bytes a step: blocks full of a pattern of their own, taken, grown and released.
+// Two bytes a step. The newest slab first: its block of the class that was released last, or else
+// what is left behind its blocks, but for the last word.
 void pools(std::string_view bytes) {
-  atr_Allocator pool(12, 5, 2000);
-  std::map<unsigned char*, int> blocks;
-  auto const size = [](int c) { return z(12 * (c + 1)); };
-  auto const pattern = [](void* p) {
-    return static_cast<unsigned char>(reinterpret_cast<std::uintptr_t>(p) % 251);
+  struct Slab {
+    char* start;
+    int top;  // words
+    std::vector<char*> released[6];
   };
+  constexpr int kWords = 2000 / 4 - 4 - 6;
+  atr_Allocator pool(12, 5, 2000);
+  std::list<Slab> slabs;
+  std::map<char*, int> blocks;
   for (std::size_t i = 0; i + 2 <= bytes.size(); i += 2) {
-    auto const choice = static_cast<unsigned char>(bytes[i]);
-    auto const which = static_cast<unsigned char>(bytes[i + 1]);
-    int const c = choice % 6;
-    if (choice < 140) {
-      auto* const p = static_cast<unsigned char*>(pool.Allocate(c));
-      auto const next = blocks.lower_bound(p);
-      require(next == blocks.end() || p + size(c) <= next->first, "over the next block");
-      require(next == blocks.begin() || std::prev(next)->first + size(std::prev(next)->second) <= p,
-              "in a block");
-      std::memset(p, pattern(p), size(blocks[p] = c));
+    int const step = octets(bytes)[i], c = step % 6, words = 3 * (c + 1);
+    if (step < 140) {
+      auto* const block = static_cast<char*>(pool.Allocate(c));
+      auto const fits = [&](Slab& s) { return !s.released[c].empty() || s.top + words < kWords; };
+      auto slab = std::find_if(slabs.begin(), slabs.end(), fits);
+      if (slab == slabs.end()) slab = slabs.insert(slabs.begin(), {block, 0, {}});
+      bool const isUsed = !slab->released[c].empty();
+      require(block == (isUsed ? slab->released[c].back() : slab->start + 4 * slab->top), "place");
+      isUsed ? slab->released[c].pop_back() : void(slab->top += words);
+      blocks[block] = c;
     } else if (!blocks.empty()) {
-      auto const at = std::next(blocks.begin(), static_cast<long>(which % blocks.size()));
-      auto const isOwn = [&](unsigned char byte) { return byte == pattern(at->first); };
-      require(std::all_of(at->first, at->first + size(at->second), isOwn), "was written to");
-      if (pool.Extend(at->first, at->second, c)) {
-        std::memset(at->first, pattern(at->first), size(at->second = c));
-      } else {
-        pool.Release(at->first, at->second);
-        blocks.erase(at);
-      }
+      auto const which = octets(bytes)[i + 1] % blocks.size();
+      auto& [block, own] = *std::next(blocks.begin(), static_cast<long>(which));
+      auto const holds = [at = block](Slab& s) {
+        return at >= s.start && at < s.start + 4 * kWords;
+      };
+      Slab& slab = *std::find_if(slabs.begin(), slabs.end(), holds);
+      int const wanted = step % 9 - 1, extra = 3 * (wanted - own);
+      bool const isLast = block + 12 * (own + 1) == slab.start + 4 * slab.top;
+      bool const grows = isLast && extra > 0 && wanted < 6 && slab.top + extra < kWords;
+      require(pool.Extend(block, own, wanted) == (grows || extra == 0), "extended");
+      if (grows) slab.top += extra, own = wanted;
+      if (grows || step % 2 == 0) continue;
+      pool.Release(block, own);
+      slab.released[own].push_back(block);
+      blocks.erase(block);
     }
   }
 }

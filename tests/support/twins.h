@@ -20,7 +20,7 @@ using S = std::string;
 
 inline S textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
 inline auto* octets(S& s) { return reinterpret_cast<unsigned char*>(s.data()); }
-inline auto* octets(S const& s) { return reinterpret_cast<unsigned char const*>(s.data()); }
+inline auto* octets(std::string_view s) { return reinterpret_cast<unsigned char const*>(s.data()); }
 constexpr std::size_t z(auto number) { return static_cast<std::size_t>(number); }
 
 /// A string whose representation can be looked at.
