@@ -9,34 +9,30 @@ TEST(Layout, LongTexts) {
   EXPECT_EQ(atr_String::AddLineBreaks(text.c_str(), 5, false).length(), text.size());
 }
 
+// The mode is decided, and the marker made, once and for good.
 TEST(Layout, TestMode) {
   auto const set = [](char const* language, char const* print, char const* folder) {
     setVariable("ZELTRA_LANG", language);
     setVariable("ZLT_QA_PRINT", print);
     setVariable("QMR_DICT_DIR", folder);
   };
-  auto const decide = [&](bool expected) {
-    EXPECT_EQ(atr_i18nTesting(), expected);
-    set(expected ? nullptr : "x", "x", "x");
-    EXPECT_EQ(atr_i18nTesting(), expected) << "decided for good";
-  };
-  EXPECT_FRESH("", set("x", "x", nullptr); decide(false));
-  EXPECT_FRESH("", set("x", nullptr, "x"); decide(false));
-  EXPECT_FRESH("", set(nullptr, "x", "x"); decide(false));
-  EXPECT_FRESH("", set("x", "x", "x"); decide(true));
   S const mark = "\x83\x5C\x81\x5B";  // the marker in Shift JIS
-  auto const marked = [&](char const* locale, char const* mode, S const& marker, S const& folded) {
+  auto const run = [&](char const* locale, bool isOn, S const& marker, S const& folded) {
     std::setlocale(LC_ALL, locale);
-    set(mode, "x", "x");
     S const text = mark + "aaa bbb " + mark + " ccc" + mark;
     EXPECT_EQ(textOf(atr_String::BreakLineString(text.c_str(), 4)), mark + folded + mark);
     char const* const first = atr_i18nExtraCharacters();
     EXPECT_EQ(first, marker);
     std::setlocale(LC_ALL, ATR_TEST_SJIS);
-    EXPECT_EQ(static_cast<void const*>(atr_i18nExtraCharacters()), first) << "made for good";
-    EXPECT_EQ(first, marker);
+    set(isOn ? nullptr : "x", "x", "x");
+    EXPECT_EQ(atr_i18nTesting(), isOn);
+    EXPECT_EQ(picture(static_cast<void const*>(atr_i18nExtraCharacters()), first),
+              picture(static_cast<void const*>(first), marker));
   };
-  EXPECT_FRESH("", marked(ATR_TEST_SJIS, "x", mark, "aaa bbb\n" + mark + " ccc"));
-  EXPECT_FRESH("", marked(ATR_TEST_SJIS, nullptr, mark, "aaa\nbbb " + mark + "\nccc"));
-  EXPECT_FRESH("", marked("C", "x", "", "aaa\nbbb " + mark + "\nccc"));
+  S const plain = "aaa\nbbb " + mark + "\nccc";
+  EXPECT_FRESH("", set("x", "x", nullptr); run(ATR_TEST_SJIS, false, mark, plain));
+  EXPECT_FRESH("", set("x", nullptr, "x"); run(ATR_TEST_SJIS, false, mark, plain));
+  EXPECT_FRESH("", set(nullptr, "x", "x"); run(ATR_TEST_SJIS, false, mark, plain));
+  EXPECT_FRESH("", set("x", "x", "x"); run("C", true, "", plain));
+  EXPECT_FRESH("", set("x", "x", "x"); run(ATR_TEST_SJIS, true, mark, "aaa bbb\n" + mark + " ccc"));
 }
