@@ -164,8 +164,7 @@ TEST(Translation, LargeTables) {
 
 // One process after another, since locale and environment are the process's own.
 TEST(Translation, LocaleAndSearch) {
-  S const sep = atr::platform::directorySeparator, list(1, atr::platform::listSeparator),
-          root = tempFolder();
+  S const list(1, atr::platform::listSeparator), root = tempFolder();
   auto const search = [&](bool isTranslated, S const& expected) {
     atr_String path("unchanged");
     std::setlocale(LC_ALL, "C");
@@ -184,10 +183,7 @@ TEST(Translation, LocaleAndSearch) {
   std::filesystem::create_directories(root + "/c/x/d.py");  // in the way, and no file
   bool const hasPipe = std::system(("mkfifo " + root + "/a/pipe").c_str()) == 0;
   auto const in = [&](S const& folder) { return root + "/" + folder + "///"; };
-  auto const native = [&](S path) {
-    std::replace(path.begin(), path.end(), '/', sep[0]);
-    return path;
-  };
+  auto const native = [](std::filesystem::path p) { return p.make_preferred().string(); };
   S const all = list + list + in("none") + list + in("c") + list + in("b") + list + in("a") + list;
   // clang-format off
   std::tuple<S, S, S, S, S> const rows[] = {  // supported, file, path, first folder, what is found

@@ -33,38 +33,33 @@ void same(S const& ours, S const& expected, std::string_view what) {
 S upToNul(std::string_view bytes) { return S(bytes.substr(0, bytes.find('\0'))); }
 
 S formatMessage(S const& s, std::vector<S> const& values) {
+  using Slot = std::pair<long long, std::size_t>;  // its number, -1 for none, and its piece
   static std::regex const item(R"([^%]|%(?:(\d*)\$|(?!\d*\$))[\dl.-]*([^\dl.-]))");
-  std::vector<S> texts(1);         // between conversions
-  std::vector<long long> numbers;  // -1 for none
+  std::vector<S> pieces(1);
+  std::vector<Slot> slots;
   std::sregex_iterator m(s.begin(), s.end(), item, std::regex_constants::match_continuous), end;
   for (; m != end; ++m) {
     S const number = m->str(1);
     char const letter = m->str().back();
     if (m->length() == 1 || S("EXcdefgosux").find(letter) == S::npos) {
-      texts.back() += letter;
+      pieces.back() += letter;
       continue;
     }
-    long long const most = INT_MAX;
-    numbers.push_back(number.empty() ? -1
-                                     : std::min(most, std::strtoll(number.c_str(), nullptr, 10)));
-    texts.emplace_back();
+    long long const most = INT_MAX, n = std::strtoll(number.c_str(), nullptr, 10);
+    slots.emplace_back(number.empty() ? -1 : std::min(most, n), pieces.size());
+    pieces.resize(pieces.size() + 2);
   }
-  auto const find = [&](long long n) { return std::find(numbers.begin(), numbers.end(), n); };
-  for (long long n = 1; find(-1) != numbers.end(); ++n)  // the lowest free to the leftmost without
-    if (find(n) == numbers.end()) *find(-1) = n;
-  std::vector<std::size_t> order(numbers.size());
-  std::iota(order.begin(), order.end(), 0U);
-  std::size_t gap = std::is_sorted(numbers.begin(), numbers.end()) ? 0 : order.size() / 2;
+  auto const find = [&](long long n) { return std::ranges::find(slots, n, &Slot::first); };
+  for (long long n = 1; find(-1) != slots.end(); ++n)  // the lowest free to the leftmost without
+    if (find(n) == slots.end()) find(-1)->first = n;
+  std::size_t gap = std::ranges::is_sorted(slots, {}, &Slot::first) ? 0 : slots.size() / 2;
   for (; gap > 0; gap /= 2)  // equal numbers end as these steps leave them
-    for (std::size_t i = gap; i < order.size(); ++i)
-      for (std::size_t j = i; j >= gap && numbers[order[j - gap]] > numbers[order[j]]; j -= gap)
-        std::swap(order[j - gap], order[j]);
-  std::vector<S> slots(numbers.size());
+    for (std::size_t i = gap; i < slots.size(); ++i)
+      for (std::size_t j = i; j >= gap && slots[j - gap].first > slots[j].first; j -= gap)
+        std::swap(slots[j - gap], slots[j]);
   for (std::size_t k = 0; k < std::min(values.size(), slots.size()); ++k)
-    slots[order[k]] = values[k];
-  S result = texts[0];
-  for (std::size_t i = 0; i < slots.size(); ++i) result += slots[i] + texts[i + 1];
-  return result;
+    pieces[slots[k].second] = values[k];
+  return std::accumulate(pieces.begin(), pieces.end(), S());
 }
 
 void templates(std::string_view bytes) {
