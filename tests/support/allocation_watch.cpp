@@ -46,3 +46,5 @@ void operator delete(void* block) noexcept {
 
 void operator delete(void* block, std::size_t /*bytes*/) noexcept { operator delete(block); }
 void* operator new[](std::size_t bytes) { return operator new(bytes); }
+void operator delete[](void* block) noexcept { operator delete(block); }
+void operator delete[](void* block, std::size_t /*bytes*/) noexcept { operator delete(block); }
