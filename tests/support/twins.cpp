@@ -333,8 +333,8 @@ void pools(std::string_view bytes) {
     int top;  // words
     std::vector<char*> released[6];
   };
-  constexpr int kWords = 2000 / 4 - 4 - 6;
-  atr_Allocator pool(12, 5, 2000);
+  constexpr int kWords = 1996 / 4 - 4 - 6;  // whole units, so that the last word counts
+  atr_Allocator pool(12, 5, 1996);
   std::list<Slab> slabs;
   std::map<char*, int> blocks;
   for (std::size_t i = 0; i + 2 <= bytes.size(); i += 2) {
