@@ -9,7 +9,6 @@
 #include <functional>
 #include <new>
 
-#include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
 #include "atr/strings/summary.h"
 #include "atr/strings/working_string.h"
@@ -87,7 +86,7 @@ void atr_StringBase::makeRep(int capacity, int length) {
 
 void atr_StringBase::makeCopy(char const* text, int length, int capacity) {
   makeRep(capacity != 0 ? capacity : length, length);
-  copyBytes(body, text, static_cast<std::size_t>(length));
+  if (length > 0) std::memcpy(body, text, static_cast<std::size_t>(length));
   body[length] = '\0';
 }
 
