@@ -32,11 +32,6 @@ void sharing() {
     auto copy = shared;
     DoNotOptimize(copy);
   });
-  limit("copy and destroy", [] {
-    static int count = 1;
-    DoNotOptimize(++count);
-    DoNotOptimize(--count);
-  });
 }
 
 void making() {

@@ -43,9 +43,10 @@ void changeCase(char* p, char const* end, LetterCase target) noexcept {
 
 namespace {
 
+// In bytes, so that the compiler's vectors hold as many as they can.
 bool isOtherCaseAscii(char byte, LetterCase target) noexcept {
-  unsigned char const first = target == LetterCase::upper ? 'a' : 'A';
-  return static_cast<unsigned int>(static_cast<unsigned char>(byte) - first) < 26;
+  char const first = target == LetterCase::upper ? 'a' : 'A';
+  return static_cast<unsigned char>(byte - first) < 26;
 }
 
 }  // namespace
