@@ -1,15 +1,8 @@
-// Long texts, and the test mode in fresh processes. The twins hold the folds and their room.
+// The test mode in fresh processes. The twins hold the folds and their room.
 #include "support/support.h"
 
 using namespace test;
 
-TEST(Layout, LongTexts) {
-  S text;
-  while (text.size() < 2'000'000) text += "some words\n";
-  EXPECT_EQ(atr_String::AddLineBreaks(text.c_str(), 5, false).length(), text.size());
-}
-
-// The mode is decided, and the marker made, once and for good.
 TEST(Layout, TestMode) {
   auto const set = [](char const* language, char const* print, char const* folder) {
     setVariable("ZELTRA_LANG", language);
