@@ -136,7 +136,7 @@ void atr_translate::parse(char const* text, char const* end) {
     args = static_cast<StrArgs*>(::operator new(slots * sizeof(StrArgs)));
     std::uninitialized_default_construct_n(args, slots);
     sorted = reinterpret_cast<StrArgs**>(
-        newBlock(slots * (sizeof(StrArgs*) + sizeof(Place)) + sizeof(Place)));
+        newBlock(slots * (sizeof(void*) + sizeof(Place)) + sizeof(Place)));
   }
   Place* const places = placesBehind(sorted, static_cast<int>(slots));
   Compile compile{compiled, compiled, places, args, count};
