@@ -126,15 +126,20 @@ TEST(Translation, Lookup) {
 // without the memory for it.
 TEST(Translation, LargeTables) {
   std::mt19937 random(1);
-  std::vector<S> shortKeys, longKeys, colliding;
+  std::vector<S> shortKeys, longKeys, colliding, row;  // the last: home by home, in one run
   for (int i = 0; i < 3000; ++i) {
     S key(random() % 12, 'a'), same(random() % 3 * 9, 'x');
     for (char& c : key) c = "ab\xC3\x7F"[random() % 4];
     shortKeys.push_back(key), longKeys.push_back(same + key);
   }
-  for (int i = 0; colliding.size() < 400; ++i)
-    if (S const key = std::to_string(i); atr::hashOf(key) % 1024 == 0) colliding.push_back(key);
-  std::vector<std::vector<S>> families{shortKeys, longKeys, colliding, std::vector<S>(100, "same")};
+  for (int i = 0; colliding.size() < 400 || row.size() < 300; ++i) {
+    S const key = std::to_string(i);
+    if (atr::hashOf(key) % 1024 == 0) colliding.push_back(key);
+    if (atr::hashOf(key) % 1024 == row.size()) row.push_back(key);
+  }
+  colliding.resize(400), row.resize(300);
+  std::vector<std::vector<S>> families{shortKeys, longKeys, colliding, row,
+                                       std::vector<S>(100, "same")};
   for (S const prefix : {"", "Tooltip_", "ERROR_CODE_", "Drawing.Style."}) {
     families.emplace_back();
     for (int i = 0; i < 2000; ++i) families.back().push_back(prefix + std::to_string(10000 + i));
