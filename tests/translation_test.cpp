@@ -159,8 +159,8 @@ TEST(Translation, LargeTables) {
       for (std::size_t i = 0; i < entries.size(); ++i) {
         ASSERT_EQ(entries[i].text, expected[i].text) << i;
         bool const isLast = i + 1 == entries.size() || S(entries[i].key) != entries[i + 1].key;
-        ASSERT_TRUE(!isLast || atr_trFind(entries[i].key) == entries[i].text) << i;
-        ASSERT_EQ(atr_trFind(S(entries[i].key) + "?"), nullptr);
+        ASSERT_TRUE(!isLast || atr_trFind(entries[i].key).data() == entries[i].text) << i;
+        ASSERT_EQ(atr_trFind(S(entries[i].key) + "?").data(), nullptr);
       }
       atr_trTable = {nullptr, 0};
       atr_trReleaseDB();

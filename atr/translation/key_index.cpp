@@ -52,7 +52,7 @@ bool KeyIndex::insert(TranslationTable const& table, int entry) noexcept {
     Slot& slot = slots_[(hash + probe) & mask_];
     bool const isFree = slot.entry == 0;
     if (isFree || (slot.hash == hash && std::strcmp(table.entries[slot.entry - 1].key, key) == 0)) {
-      slot = {hash, entry + 1};
+      slot = {hash, entry + 1, static_cast<int>(std::strlen(table.entries[entry].text))};
       return true;
     }
   }
@@ -76,16 +76,18 @@ void KeyIndex::clear() noexcept {
   slots_ = nullptr;
 }
 
-TranslationEntry const* KeyIndex::find(TranslationTable const& table,
-                                       std::string_view key) const noexcept {
+std::string_view KeyIndex::find(TranslationTable const& table,
+                                std::string_view key) const noexcept {
   std::uint32_t const hash = hashOf(key);
   for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
     Slot const& slot = slots_[(hash + probe) & mask_];
-    if (slot.entry == 0) return nullptr;
+    if (slot.entry == 0) break;
     TranslationEntry const& entry = table.entries[slot.entry - 1];
-    if (slot.hash == hash && std::strcmp(entry.key, key.data()) == 0) return &entry;
+    if (slot.hash == hash && std::strcmp(entry.key, key.data()) == 0) {
+      return {entry.text, static_cast<std::size_t>(slot.textBytes)};
+    }
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace atr

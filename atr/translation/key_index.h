@@ -25,14 +25,15 @@ class KeyIndex {
 
   bool isEmpty() const noexcept { return slots_ == nullptr; }
 
-  /// The entry with `key`, which a NUL ends, or null. @pre not empty, and `table` is the one that
-  /// was indexed.
-  TranslationEntry const* find(TranslationTable const& table, std::string_view key) const noexcept;
+  /// The text of `key`, which a NUL ends, or a view of null. @pre not empty, and `table` is the one
+  /// that was indexed.
+  std::string_view find(TranslationTable const& table, std::string_view key) const noexcept;
 
  private:
   struct Slot {
     std::uint32_t hash;
-    int entry;  // 0 for a free slot, else its place, from 1
+    int entry;      // 0 for a free slot, else its place, from 1
+    int textBytes;  // measured once, when the index is built
   };
 
   bool insert(TranslationTable const& table, int entry) noexcept;

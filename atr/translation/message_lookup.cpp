@@ -57,8 +57,8 @@ void MessageText::write(char* out) const noexcept {
 
 MessageText atr_LookupMessage(char const* text) noexcept {
   std::string_view const key(text);
-  char const* const translation = atr_trFind(key);
-  if (translation != nullptr) return {translation, std::strlen(translation), 0};
+  std::string_view const translation = atr_trFind(key);
+  if (translation.data() != nullptr) return {translation.data(), translation.size(), 0};
   return ownText(key);
 }
 

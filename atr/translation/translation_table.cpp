@@ -34,7 +34,7 @@ void atr_trSort() noexcept {
   keyIndex.build(atr_trTable);
 }
 
-static char const* findByHalves(char const* key) noexcept {
+static std::string_view findByHalves(char const* key) noexcept {
   char const* text = nullptr;
   TranslationEntry const* first = atr_trTable.entries;
   for (int rest = std::max(atr_trTable.count, 0); rest > 0;) {
@@ -48,13 +48,11 @@ static char const* findByHalves(char const* key) noexcept {
       rest /= 2;
     }
   }
-  return text;
+  return text != nullptr ? std::string_view(text) : std::string_view();
 }
 
-char const* atr_trFind(std::string_view key) noexcept {
-  if (keyIndex.isEmpty()) return findByHalves(key.data());
-  TranslationEntry const* const entry = keyIndex.find(atr_trTable, key);
-  return entry != nullptr ? entry->text : nullptr;
+std::string_view atr_trFind(std::string_view key) noexcept {
+  return keyIndex.isEmpty() ? findByHalves(key.data()) : keyIndex.find(atr_trTable, key);
 }
 
 void atr_trReleaseDB() {

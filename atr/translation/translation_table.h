@@ -28,8 +28,8 @@ int atr_trCompareKeys(void const* a, void const* b) noexcept;
 /// not change until the release.
 void atr_trSort() noexcept;
 
-/// The text of `key`, which a NUL ends; good until the release, or null. Of several entries with
-/// one key the last in the file counts.
-char const* atr_trFind(std::string_view key) noexcept;
+/// The text of `key`, which a NUL ends; good until the release, or a view of null. Of several
+/// entries with one key the last in the file counts.
+std::string_view atr_trFind(std::string_view key) noexcept;
 
 #endif  // ATR_TRANSLATION_TRANSLATION_TABLE_H

@@ -176,7 +176,7 @@ void dictionaries(std::string_view bytes) {
   atr_trSort();
   for (int i = 1; i < atr_trTable.count; ++i) {
     auto const* const e = atr_trTable.entries + i;
-    require(S(e[-1].key) <= e->key && atr_trFind(e->key) != nullptr, "sorted, found");
+    require(S(e[-1].key) <= e->key && atr_trFind(e->key).data() != nullptr, "sorted, found");
   }
   atr_trReleaseDB();
   std::fclose(file);
