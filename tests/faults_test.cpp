@@ -80,7 +80,7 @@ TEST(Faults, TimeGrowsWithTheInput) {
       {"a separator by more", [&](int n) { atr_String(many(n, "/").c_str()).Substitute("/", "--", INT_MAX); }},
       {"unnumbered conversions", [&](int n) { atr_translate(many(n / 8, "%d").c_str()); }},
       {"long numbers", [&](int n) { atr_translate(("%" + many(n, "9") + "$d").c_str()); }},
-      {"a wide field", [](int n) { atr_translate("%s").AddSubstitution(1, "x", ("%" + std::to_string(n) + "s").c_str()); }},
+      {"a wide field", [](int n) { atr_translate("%s").AddSubstitution(1, "x", ("%" + std::to_string(20 * n) + "s").c_str()); }},
       {"short lines", [&](int n) { atr_String::AddLineBreaks(many(n, "some words\n").c_str(), 5, false); }},
       {"no blanks", [&](int n) { atr_String::BreakLineString(many(n, "\x83").c_str(), 5); }},
       {"escapes", [&](int n) { atr_trDecodeEscapes(many(n, "\\q").data()); }}};
