@@ -25,27 +25,22 @@ int encode(MessageText const& message, unsigned char* out) noexcept {
                                 kSubstitute);
 }
 
-char const* findTail(char const* text, char const* end) noexcept {
-  while ((text = static_cast<char const*>(
-              std::memchr(text, kTail[0], static_cast<std::size_t>(end - text)))) != nullptr) {
-    if (text[1] == kTail[1]) return text;
-    ++text;
-  }
-  return end;
-}
-
-bool isAscii(char const* p, char const* end) noexcept {
-  std::uint64_t bits = 0;
-  for (; end - p >= kWord; p += kWord) bits |= loadWord(p);
-  for (; p != end; ++p) bits |= static_cast<unsigned char>(*p);
-  return (bits & kHighBits) == 0;
-}
-
-// The key without its tail.
+// The key without its tail: by words up to a backslash, then by bytes.
 MessageText ownText(std::string_view key) noexcept {
-  char const* const end = findTail(key.data(), key.data() + key.size());
-  MessageText message = {key.data(), static_cast<std::size_t>(end - key.data()), 0};
-  if (!isAscii(key.data(), end)) message.encodedBytes = std::max(encode(message, nullptr), 0);
+  char const* p = key.data();
+  char const* const end = p + key.size();
+  std::uint64_t bits = 0;
+  for (; end - p >= kWord; p += kWord) {
+    std::uint64_t const word = loadWord(p);
+    if (zeroBytes(word ^ wordOf(kTail[0])) != 0) break;
+    bits |= word;
+  }
+  for (; p != end && (p[0] != kTail[0] || p[1] != kTail[1]); ++p) {
+    bits |= static_cast<unsigned char>(*p);
+  }
+  MessageText message = {key.data(), static_cast<std::size_t>(p - key.data()), 0};
+  bool const isAscii = (bits & kHighBits) == 0;
+  if (!isAscii) message.encodedBytes = std::max(encode(message, nullptr), 0);
   return message;
 }
 
