@@ -35,7 +35,7 @@ Place* placesBehind(atr_translate::StrArgs** sorted, int count) noexcept {
   return reinterpret_cast<Place*>(sorted + count);
 }
 
-// --- the passes over a template ---------------------------------------------------------------
+// --- the pass over a template -----------------------------------------------------------------
 
 // `%`, run and letter, without an `l` directly before the letter.
 char* copyFormat(Conversion const& conversion) {
@@ -127,8 +127,8 @@ atr_translate::~atr_translate() {
 }
 
 // A placeholder is no longer than the shortest conversion, so that the text never grows and its
-// length bounds the block. Where conversions were refused, the places move up behind the pointers
-// that are left.
+// length bounds the block. Where conversions were refused, there are fewer pointers than room for
+// them, and the places close up behind those.
 void atr_translate::parse(char const* text, char const* end) {
   std::size_t const slots = countPercents(text, end);
   compiled = newBlock(static_cast<std::size_t>(checkedLength(end - text)) + 1);

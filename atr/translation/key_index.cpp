@@ -1,5 +1,6 @@
 // Open addressing, slot by slot. A dictionary is anybody's file, so the steps of a probe are
-// bounded: keys that take more leave the table without an index.
+// bounded: keys that take more leave the table without an index, and no key is further from its
+// home.
 #include "atr/translation/key_index.h"
 
 #include <bit>
@@ -12,9 +13,7 @@ namespace atr {
 
 namespace {
 
-constexpr std::uint32_t kMaxProbes =
-    256;  // honest keys at half load take a quarter of that at most
-
+constexpr std::uint32_t kMaxProbes = 256;              // four times what honest keys take
 constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // the golden ratio's fraction
 
 std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
