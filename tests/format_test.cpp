@@ -36,7 +36,7 @@ TEST(Format, TemplateRows) {
     EXPECT_EQ(substitute(text, "<1>", "<2>", "%s", "<4>", "%1$d"), result) << text;
   }
   atr_translate nothing(nullptr);
-  atr_SubstituteFormat(nothing, 1, "x");
+  nothing.AddSubstitution(1, "x", nullptr);
   EXPECT_TRUE(nothing.Result().IsEmpty());
 }
 
@@ -51,13 +51,6 @@ TEST(Format, TranslationDecides) {
   S const big(5000, 'x');
   EXPECT_EQ(substitute("%s\xE3\x82\xBD\\@", "ten"), "ten\x83\x5C");
   EXPECT_EQ(substitute("%s\xE3\x82\xBD" + big + "\xC0\x80" + big, "ten"), "ten\x83\x5C" + big);
-}
-
-// Twice the template may cost a little over twice the time, in all three of its steps.
-TEST(Format, NullTextInAField) {
-  atr_translate field("%s");
-  field.AddSubstitution(1, nullptr, "%-3s");
-  EXPECT_STREQ(field.Result().c_str(), "   ");
 }
 
 TEST(Format, Conversions) {
@@ -83,11 +76,6 @@ TEST(Format, ValueRows) {
             "     |abc|ab   |abc||   ");
   EXPECT_EQ(substitute("%c|%5c|%-5c|%c", 0, 0, 0, -23), "|    ||\xE9");
   EXPECT_EQ(substitute("%1.2.3d|%5-3d|%.-3d", 7, 7, 7), "07|    7|7");
-}
-
-TEST(Format, WithoutMemory) {
-  auto const run = [] { EXPECT_EQ(substitute("%2$3d of %1$s: %d%%", "ten", 3), "  3 of ten: %"); };
-  EXPECT_GE(failEach([&](int k) { fails(k, run); }), 9);
 }
 
 TEST(Format, ReplaceNonTranslated) {

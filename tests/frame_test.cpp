@@ -19,23 +19,6 @@ TEST(Frame, StartsAndStopsNest) {
   EXPECT_EQ(allocations().taken - before.taken, allocations().freed - before.freed);
 }
 
-TEST(Frame, StartWithoutMemory) {
-  auto const run = [] {
-    setVariable("ATR_SUMMARY", "1");
-    for (int k = 0; k < 4; ++k) {
-      int count = 0;
-      failAllocation(k);
-      atr_initialize(count);
-      failAllocation(-1);
-      EXPECT_EQ(picture(!atr_repPool, !atr_bodyPool, !atr_summary),
-                picture(k == 0, k == 1, k == 2));
-      EXPECT_STREQ((atr_String("a") + "b").c_str(), "ab");
-      atr_finalize(count);
-    }
-  };
-  EXPECT_FRESH("Reps Created", run());
-}
-
 TEST(Frame, SummaryReport) {
   auto const run = [](char const* variable, auto work) {
     setVariable("ATR_SUMMARY", variable);
@@ -83,22 +66,4 @@ TEST(Pool, Rows) {
     EXPECT_EQ(pool.Allocate(last) != nullptr, last >= 0) << unitBytes;
     EXPECT_EQ(allocations().lastBytes, last >= 0 ? block : before.lastBytes) << unitBytes;
   }
-}
-
-// The twin of pools holds what becomes of the pool's own blocks.
-TEST(Pool, Steps) {
-  atr_Allocator pool(4, 3, 0);  // 1020 words a slab; 4 are heads, and the last is never given
-  int* const a = static_cast<int*>(pool.Allocate(0));
-  pool.Release(static_cast<int*>(pool.Allocate(0)), -1);
-  EXPECT_EQ(static_cast<int*>(pool.Allocate(0)), a + 2) << "no class to be given again in";
-  EXPECT_FALSE(pool.Extend(a + 2, -1, 3));
-  auto const [taken, freed, bytes] = allocations();
-  for (int left = 1020 - 4 - 3; left > 1; --left) pool.Allocate(0);
-  EXPECT_EQ(allocations().taken, taken) << "up to the last word";
-  void* const foreign = ::operator new(8);
-  EXPECT_FALSE(pool.Extend(foreign, 0, 1));
-  pool.Release(foreign, 0);
-  pool.Release(::operator new(8), 99);
-  pool.Release(nullptr, 0);
-  EXPECT_EQ(allocations().freed, freed + 2);
 }

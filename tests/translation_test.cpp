@@ -41,16 +41,6 @@ S readDictionary(std::string_view bytes) {
   return picture;
 }
 
-// "-" leaves a variable unset.
-void setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
-                    S const& first) {
-  auto const set = [](char const* name, S const& s) {
-    setVariable(name, s == "-" ? nullptr : s.c_str());
-  };
-  set("ZELTRA_SUPPORTED_LOCALE", supported), set("ZELTRA_TRANSLATION_DICTIONARY", file);
-  set("ZELTRA_LANG", locale), set("ZEL_PATH", path), set("QMR_DICT_DIR", first);
-}
-
 }  // namespace
 
 TEST(Translation, DictionaryRows) {
@@ -231,22 +221,6 @@ TEST(Translation, BuildAndReload) {
     EXPECT_EQ(table(), "{a=?\x83\x5C}");
     atr_trReleaseDB();
     EXPECT_EQ(mem_status().blocksInUse, 0);
-  };
-  EXPECT_FRESH("", run());
-}
-
-TEST(Translation, BuildWithoutMemory) {
-  auto const run = [] {
-    TempFile const file("memory.py", "['a'] = r'1'\n['b'] = r'2'\n");
-    setEnvironment("1", "memory.py", "C", tempFolder(), "-");
-    int const blocks = failEach([](int k) {
-      bool isThrown = true;
-      bool const hasFailed = fails(k, [&] { atr_trBuildDB(), isThrown = false; });
-      EXPECT_TRUE(isThrown ? atr_trTable.count == 0 : hasFailed || table() == "{a=1}{b=2}");
-      atr_trReleaseDB();
-      EXPECT_EQ(mem_status().blocksInUse, 0);
-    });
-    EXPECT_GE(blocks, 8);
   };
   EXPECT_FRESH("", run());
 }

@@ -14,6 +14,15 @@ void test::setVariable(char const* name, char const* value) {
   putenv(kept->back().data());
 }
 
+void test::setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
+                          S const& first) {
+  auto const set = [](char const* name, S const& s) {
+    setVariable(name, s == "-" ? nullptr : s.c_str());
+  };
+  set("ZELTRA_SUPPORTED_LOCALE", supported), set("ZELTRA_TRANSLATION_DICTIONARY", file);
+  set("ZELTRA_LANG", locale), set("ZEL_PATH", path), set("QMR_DICT_DIR", first);
+}
+
 test::S test::tempFolder() {
   auto const& running = *::testing::UnitTest::GetInstance()->current_test_info();
   auto const folder = fs::temp_directory_path() / "atr_tests" / running.name();

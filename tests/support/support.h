@@ -29,6 +29,10 @@ constexpr char const* kLocales[] = {ATR_TEST_LOCALES};
 /// Sets a variable of the process environment, or removes it with a null value.
 void setVariable(char const* name, char const* value);
 
+/// Sets what selects locale and dictionary; "-" removes a variable.
+void setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
+                    S const& first);
+
 /// A file in a folder of the running test, removed at the end of the scope.
 struct TempFile {
   TempFile(S const& name, std::string_view bytes);

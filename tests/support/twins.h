@@ -35,6 +35,10 @@ struct Text : atr_String {
 /// Bytes of the character at a position in the locale: 1 also for what is none.
 std::size_t characterBytes(S const& s, std::size_t at);
 
+/// What comes out; behind the number of a failure, up to its last byte that is not 0xFF. Writing
+/// agrees with measuring, and leaves alone what lies around.
+S transcode(int target, int source, S const& text, char substitute = 0);
+
 struct Twin {
   char const* name;
   void (*run)(std::string_view bytes);
