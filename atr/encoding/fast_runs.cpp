@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "atr/encoding/transcoding.h"
+#include "atr/encoding/utf8.h"
 #include "atr/encoding/utf8_walk.h"
 #include "atr/frame/platform.h"
 #include "atr/frame/wide_vectors.h"
@@ -85,6 +86,8 @@ FastRun fastRunBetween(int target, int source) noexcept {
   if (isUtf8(source) && isUtf8(target)) return copyUtf8;
   if (isUtf8(source) && isSingleByte(target, codeset)) return narrowUtf8;
   if (isSingleByte(source, codeset) && isUtf8(target)) return widenToUtf8;
+  bool const isSeparate = codeset == platform::Codeset::separate;
+  if (source == EncodingUtf8 && target == EncodingLocale && isSeparate) return encodeUtf8;
   return nullptr;
 }
 
@@ -285,6 +288,29 @@ void widenToUtf8(TranscodingState& state, unsigned char const* end) {
       *state.out++ = static_cast<unsigned char>(0x80 | (byte & 0x3F));
     }
     state.total += 2;
+  }
+}
+
+// In pieces that encodeRun takes, up to a code that the loop has to look at.
+void encodeUtf8(TranscodingState& state, unsigned char const* end) {
+  for (int given = platform::kRun, taken = given; given == platform::kRun && taken == given;) {
+    unsigned int codes[platform::kRun];
+    unsigned char const* starts[platform::kRun + 1] = {state.text};
+    for (given = 0; given < platform::kRun && starts[given] < end; ++given) {
+      int bytes = 0;
+      codes[given] = atr_utf8_to_ucs4(starts[given], &bytes);
+      if (codes[given] == 0 || codes[given] > platform::kMaxRunCode) break;
+      starts[given + 1] = starts[given] + bytes;
+    }
+    taken = given;
+    char run[platform::kRunRoom];
+    std::size_t const bytes = platform::encodeRun(run, codes, taken);
+    if (state.out != nullptr) {
+      std::memcpy(state.out, run, bytes);
+      state.out += bytes;
+    }
+    state.text = starts[taken];
+    state.total += bytes;
   }
 }
 

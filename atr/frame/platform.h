@@ -26,8 +26,9 @@ std::FILE* openText(char const* path) noexcept;
 /// @return the bytes up to the first NUL, or -1 at the end of the file.
 int readLine(char* line, int size, std::FILE* stream) noexcept;
 
-/// Codesets of the process locale that fast paths know by name.
-enum class Codeset { other, ascii, latin1, utf8 };
+/// Codesets of the process locale that fast paths know by name. In `separate` each character stands
+/// for one code, whatever stands beside it.
+enum class Codeset { other, ascii, latin1, separate, utf8 };
 Codeset currentCodeset() noexcept;
 
 /// Bytes of the character at `text`, looking at `bound` bytes at most: 0 at a NUL, negative for an
@@ -44,6 +45,15 @@ constexpr std::size_t kCharacterRoom = 64;
 /// Encodes `code` into `out`, which has kCharacterRoom bytes, and answers the bytes written;
 /// negative, with `out` undefined, if the locale has no such character. Keeps no shift state.
 int encodeCharacter(char* out, unsigned int code) noexcept;
+
+constexpr int kRun = 32;  // codes that encodeRun takes at most
+constexpr std::size_t kRunRoom = 8 * kRun;
+constexpr unsigned int kMaxRunCode = 0xFFFF;  // some beyond it the runtime drops
+
+/// Encodes codes[0] to codes[count - 1], each from 1 to kMaxRunCode, into `out`, which has kRunRoom
+/// bytes, up to the first that the locale has no character for; sets `count` to how many those are.
+/// For locales of Codeset::separate. @return the bytes written.
+std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept;
 
 }  // namespace atr::platform
 

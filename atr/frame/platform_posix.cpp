@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -57,6 +58,9 @@ Codeset currentCodeset() noexcept {
   if (std::strcmp(name, "UTF-8") == 0) return Codeset::utf8;
   if (std::strcmp(name, "ISO-8859-1") == 0) return Codeset::latin1;
   if (std::strcmp(name, "ANSI_X3.4-1968") == 0) return Codeset::ascii;
+  for (char const* const separate : {"EUC-JP", "KOI8-R", "SHIFT_JIS"}) {
+    if (std::strcmp(name, separate) == 0) return Codeset::separate;
+  }
   return Codeset::other;
 }
 
@@ -88,6 +92,23 @@ int encodeCharacter(char* out, unsigned int code) noexcept {
     --bytes;
   }
   return static_cast<int>(bytes);
+}
+
+// A failure tells how far it came in the place of the bytes it wrote, so that it is done again.
+std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept {
+  constexpr auto kFailure = static_cast<std::size_t>(-1);
+  wchar_t wide[kRun];
+  std::copy_n(codes, count, wide);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    std::mbstate_t state{};
+    wchar_t const* rest = wide;
+    std::size_t const bytes =
+        wcsnrtombs(out, &rest, static_cast<std::size_t>(count), kRunRoom, &state);
+    count = static_cast<int>(rest - wide);
+    if (bytes != kFailure) return bytes;
+  }
+  count = 0;
+  return 0;
 }
 
 }  // namespace atr::platform

@@ -54,4 +54,9 @@ int encodeCharacter(char* out, unsigned int code) noexcept {
   return std::wctomb(out, static_cast<wchar_t>(code));
 }
 
+std::size_t encodeRun(char* /*out*/, unsigned int const* /*codes*/, int& count) noexcept {
+  count = 0;  // no code page is known for it
+  return 0;
+}
+
 }  // namespace atr::platform
