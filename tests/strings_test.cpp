@@ -27,10 +27,6 @@ Text make(int kind, S const& text) {
   return Text(std::strcpy(block, text.c_str()), n, Text::AdoptBlock);
 }
 
-void replaceEach(S& s, std::string_view from, std::string_view to, int times) {
-  for (; times > 0 && s.find(from) != s.npos; --times) s.replace(s.find(from), from.size(), to);
-}
-
 struct Operation {
   char const* what;
   bool alwaysWrites;  // also where the text stays as it is

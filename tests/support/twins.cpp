@@ -39,15 +39,11 @@ S formatMessage(S const& s, std::vector<S> const& values) {
   std::vector<Slot> slots;
   std::sregex_iterator m(s.begin(), s.end(), item, std::regex_constants::match_continuous), end;
   for (; m != end; ++m) {
-    S const number = m->str(1);
-    char const letter = m->str().back();
-    if (m->length() == 1 || S("EXcdefgosux").find(letter) == S::npos) {
-      pieces.back() += letter;
-      continue;
-    }
+    S const number = m->str(1), letter = m->str().substr(m->length() - 1);
+    bool const isText = m->length() == 1 || S("EXcdefgosux").find(letter) == S::npos;
     long long const most = INT_MAX, n = std::strtoll(number.c_str(), nullptr, 10);
-    slots.emplace_back(number.empty() ? -1 : std::min(most, n), pieces.size());
-    pieces.resize(pieces.size() + 2);
+    if (!isText) slots.emplace_back(number.empty() ? -1 : std::min(most, n), pieces.size());
+    isText ? void(pieces.back() += letter) : pieces.resize(pieces.size() + 2);
   }
   auto const find = [&](long long n) { return std::ranges::find(slots, n, &Slot::first); };
   for (long long n = 1; find(-1) != slots.end(); ++n)  // the lowest free to the leftmost without
@@ -85,13 +81,11 @@ void fields(std::string_view bytes) {
   same(message.Result().c_str(), conversion[1] == 's' ? "abc" : expected, conversion);
 }
 
+int (*const printTo)(char*, std::size_t, char const*, ...) = std::snprintf;  // with any format
+
 S print(S const& form, auto value) {
   char text[1500];
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"  // the peer is printf itself
-  std::snprintf(text, sizeof text, form.c_str(), value);
-#pragma GCC diagnostic pop
-  return text;
+  return printTo(text, sizeof text, form.c_str(), value), text;
 }
 
 // What printf makes of a value, in fields that are bounded. An `l` is no part of the run, and a
@@ -269,21 +263,23 @@ void orders(std::string_view bytes) {
 
 // needle|to|hay. What sweeps replace is what the passes come to that run while the summary is on,
 // with the room that they end in.
-void searches(std::string_view bytes) {
+void search(std::string_view bytes, S const& filler) {
   auto const parts = split(bytes);
   S const &needle = parts[0], &to = parts[1];
-  S hay = parts[2];
+  S hay = filler + parts[2] + filler, ended = hay + '\0' + needle + filler;
   Text s(hay.c_str(), static_cast<int>(hay.size())), passed(s.c_str());
-  for (std::size_t pos = 0; pos <= hay.size() + 1; ++pos) {
+  Text const cut(ended.data(), static_cast<int>(ended.size()));
+  for (std::size_t pos = 0; pos <= hay.size() + 1; pos += 1 + filler.size() / 5) {
     int const at = static_cast<int>(pos);
     auto const found = pos > hay.size() ? hay.npos : hay.find(needle, pos);
     auto const last = std::min(pos, hay.size() - (needle.empty() ? 1 : 0));
     auto const back = pos > 0 ? hay.rfind(needle, last) : hay.npos;
     require(z(s.Find(needle.c_str(), at)) == std::min(found, hay.size()), hay + " Find " + needle);
+    require(pos > hay.size() || z(cut.Find(needle.c_str(), at)) == std::min(found, ended.size()),
+            "");
     require(z(s.rfind(needle.c_str(), 1, at)) == std::min(back, hay.size()), hay + " rfind");
   }
-  for (int i = 0; i < 20 && !needle.empty() && hay.find(needle) != hay.npos; ++i)
-    hay.replace(hay.find(needle), needle.size(), to);
+  if (!needle.empty()) replaceEach(hay, needle, to, 20);
   same(textOf(s.Substitute(needle.c_str(), to.c_str(), 20)), hay, bytes);
   atr_StringSummary record{};
   atr_summary = &record;
@@ -291,6 +287,8 @@ void searches(std::string_view bytes) {
   atr_summary = nullptr;
   require(passed.r() == nullptr || s.r()->size == passed.r()->size, hay);
 }
+
+void searches(std::string_view bytes) { search(bytes, ""), search(bytes, S(200, 'x')); }
 
 // Four bytes a step, on a few strings that share and alias each other.
 void strings(std::string_view bytes) {

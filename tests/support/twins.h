@@ -22,6 +22,9 @@ inline S textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
 inline auto* octets(S& s) { return reinterpret_cast<unsigned char*>(s.data()); }
 inline auto* octets(std::string_view s) { return reinterpret_cast<unsigned char const*>(s.data()); }
 constexpr std::size_t z(auto number) { return static_cast<std::size_t>(number); }
+inline void replaceEach(S& s, std::string_view from, std::string_view to, int times) {
+  for (; times > 0 && s.find(from) != s.npos; --times) s.replace(s.find(from), from.size(), to);
+}
 
 /// A string whose representation can be looked at.
 struct Text : atr_String {
