@@ -159,11 +159,20 @@ void wholeTexts() {
   });
 }
 
-// 256 slots, one of which is released and taken again at random.
+// 1500 slots, of which one is released and taken again, a hundred times in a random order that is
+// made beforehand.
 template <class Take, class Give>
-void churn(std::vector<void*>& slots, std::mt19937& random, Take take, Give give) {
-  for (int i = 0; i < 100; ++i) {
-    auto const at = random() % slots.size();
+void churn(std::vector<void*>& slots, Take take, Give give) {
+  static std::vector<std::size_t> const order = [] {
+    std::mt19937 random(1);
+    std::vector<std::size_t> places(100 * 128);
+    for (auto& place : places) place = random() % 1500;
+    return places;
+  }();
+  static std::size_t turn = 0;
+  turn = (turn + 100) % order.size();
+  for (std::size_t i = turn; i < turn + 100; ++i) {
+    auto const at = order[i];
     int const c = static_cast<int>(at % 4);
     if (slots[at] != nullptr) give(slots[at], c);
     slots[at] = take(c);
@@ -172,23 +181,20 @@ void churn(std::vector<void*>& slots, std::mt19937& random, Take take, Give give
 
 void pools() {
   static std::vector<void*> mine(1500), libc(1500), std_(1500);
-  static std::mt19937 random(1);
   static atr_Allocator pool(16, 3, 65536);
   static std::pmr::unsynchronized_pool_resource resource;
   auto const bytes = [](int c) { return static_cast<std::size_t>(16 * (c + 1)); };
   ours("pool, 100 random", [] {
     churn(
-        mine, random, [](int c) { return pool.Allocate(c); },
-        [](void* p, int c) { pool.Release(p, c); });
+        mine, [](int c) { return pool.Allocate(c); }, [](void* p, int c) { pool.Release(p, c); });
   });
   side("pool, 100 random", "malloc", 1.5, [bytes] {
     churn(
-        libc, random, [=](int c) { return std::malloc(bytes(c)); },
-        [](void* p, int) { std::free(p); });
+        libc, [=](int c) { return std::malloc(bytes(c)); }, [](void* p, int) { std::free(p); });
   });
   side("pool, 100 random", "pmr pool", 2, [bytes] {
     churn(
-        std_, random, [=](int c) { return resource.allocate(bytes(c), 4); },
+        std_, [=](int c) { return resource.allocate(bytes(c), 4); },
         [=](void* p, int c) { resource.deallocate(p, bytes(c), 4); });
   });
 }
