@@ -120,9 +120,9 @@ bool isAsciiBlock(unsigned char const* p) noexcept {
 inline bool isOutOfPlace(unsigned char byte, unsigned char before, unsigned char second) noexcept {
   bool const isDue = (before >= 0xC0) | (second >= 0xE0);
   bool const isOther = (byte >= 0xF0) | ((byte & 0xFE) == 0xC0);
-  bool const isOverlong = (before == 0xE0) & (byte < 0xA0);
-  bool const isSurrogate = (before == 0xED) & (byte >= 0xA0);
-  return (isDue != isContinuation(byte)) | isOther | isOverlong | isSurrogate;
+  // What a shortest form and no surrogate may not begin with, if this is its second byte.
+  auto const forbidden = static_cast<unsigned char>((byte & 0x20) != 0 ? 0xED : 0xE0);
+  return (isDue != isContinuation(byte)) | isOther | (before == forbidden);
 }
 
 // Over blocks of strict characters of up to three bytes. Each begins with a character, and what of
