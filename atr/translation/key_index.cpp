@@ -45,13 +45,15 @@ std::uint32_t hashOf(std::string_view key) noexcept {
 }
 
 bool KeyIndex::insert(TranslationTable const& table, int entry) noexcept {
-  char const* const key = table.entries[entry].key;
+  std::string_view const key = table.entries[entry].key;
   std::uint32_t const hash = hashOf(key);
+  lengths_[entry] = {static_cast<int>(key.size()),
+                     static_cast<int>(std::strlen(table.entries[entry].text))};
   for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
     Slot& slot = slots_[(hash + probe) & mask_];
     bool const isFree = slot.entry == 0;
-    if (isFree || (slot.hash == hash && std::strcmp(table.entries[slot.entry - 1].key, key) == 0)) {
-      slot = {hash, entry + 1, static_cast<int>(std::strlen(table.entries[entry].text))};
+    if (isFree || (slot.hash == hash && table.entries[slot.entry - 1].key == key)) {
+      slot = {hash, entry + 1};
       return true;
     }
   }
@@ -61,9 +63,12 @@ bool KeyIndex::insert(TranslationTable const& table, int entry) noexcept {
 void KeyIndex::build(TranslationTable const& table) noexcept {
   clear();
   if (table.count <= 0) return;
-  std::size_t const slots = std::bit_ceil(2 * static_cast<std::size_t>(table.count));
-  slots_ = static_cast<Slot*>(mem_Calloc(slots, sizeof(Slot)));
+  auto const count = static_cast<std::size_t>(table.count);
+  std::size_t const slots = std::bit_ceil(4 * count);
+  slots_ = static_cast<Slot*>(mem_Calloc(slots + count, sizeof(Slot)));
   if (slots_ == nullptr) return;
+  static_assert(sizeof(Lengths) == sizeof(Slot));
+  lengths_ = reinterpret_cast<Lengths*>(slots_ + slots);
   mask_ = static_cast<std::uint32_t>(slots - 1);
   for (int i = 0; i < table.count; ++i) {
     if (!insert(table, i)) return clear();
@@ -81,9 +86,11 @@ std::string_view KeyIndex::find(TranslationTable const& table,
   for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
     Slot const& slot = slots_[(hash + probe) & mask_];
     if (slot.entry == 0) break;
+    if (slot.hash != hash) continue;
     TranslationEntry const& entry = table.entries[slot.entry - 1];
-    if (slot.hash == hash && std::strcmp(entry.key, key.data()) == 0) {
-      return {entry.text, static_cast<std::size_t>(slot.textBytes)};
+    Lengths const& bytes = lengths_[slot.entry - 1];
+    if (key == std::string_view(entry.key, static_cast<std::size_t>(bytes.key))) {
+      return {entry.text, static_cast<std::size_t>(bytes.text)};
     }
   }
   return {};

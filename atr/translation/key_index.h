@@ -25,20 +25,27 @@ class KeyIndex {
 
   bool isEmpty() const noexcept { return slots_ == nullptr; }
 
-  /// The text of `key`, which a NUL ends, or a view of null. @pre not empty, and `table` is the one
-  /// that was indexed.
+  /// The text of `key`, or a view of null. @pre not empty, and `table` is the one that was indexed.
   std::string_view find(TranslationTable const& table, std::string_view key) const noexcept;
 
  private:
   struct Slot {
     std::uint32_t hash;
-    int entry;      // 0 for a free slot, else its place, from 1
-    int textBytes;  // measured once, when the index is built
+    int entry;  // 0 for a free slot, else its place, from 1
+  };
+
+  // In bytes, measured once.
+  struct Lengths {
+    int key;
+    int text;
   };
 
   bool insert(TranslationTable const& table, int entry) noexcept;
 
-  Slot* slots_ = nullptr;  // a power of two of them, from mem_Calloc; half of them free at least
+  // One block of mem_Calloc: a power of two of slots, of which three in four are free, so that most
+  // keys that are not there meet a free one at once; then the lengths of each entry.
+  Slot* slots_ = nullptr;
+  Lengths* lengths_ = nullptr;
   std::uint32_t mask_ = 0;
 };
 
