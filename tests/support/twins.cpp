@@ -325,41 +325,39 @@ void strings(std::string_view bytes) {
 // what is left behind its blocks, but for the last word.
 void pools(std::string_view bytes) {
   struct Slab {
-    char* start;
-    int top;  // words
-    std::vector<char*> released[6];
+    int *start, *top;
+    std::vector<int*> released[6];
   };
   constexpr int kWords = 1996 / 4 - 4 - 6;  // whole units, so that the last word counts
   atr_Allocator pool(12, 5, 1996);
   std::list<Slab> slabs;
-  std::map<char*, int> blocks;
+  std::map<int*, std::pair<int, Slab*>> blocks;
   for (std::size_t i = 0; i + 2 <= bytes.size(); i += 2) {
     int const step = octets(bytes)[i], c = step % 6, words = 3 * (c + 1);
     if (step < 140) {
-      auto* const block = static_cast<char*>(pool.Allocate(c));
-      auto const fits = [&](Slab& s) { return !s.released[c].empty() || s.top + words < kWords; };
-      auto slab = std::find_if(slabs.begin(), slabs.end(), fits);
-      if (slab == slabs.end()) slab = slabs.insert(slabs.begin(), {block, 0, {}});
-      bool const isUsed = !slab->released[c].empty();
-      require(block == (isUsed ? slab->released[c].back() : slab->start + 4 * slab->top), "place");
-      isUsed ? slab->released[c].pop_back() : void(slab->top += words);
-      blocks[block] = c;
-    } else if (!blocks.empty()) {
-      auto const which = octets(bytes)[i + 1] % blocks.size();
-      auto& [block, own] = *std::next(blocks.begin(), static_cast<long>(which));
-      auto const holds = [at = block](Slab& s) {
-        return at >= s.start && at < s.start + 4 * kWords;
+      auto* const block = static_cast<int*>(pool.Allocate(c));
+      auto const fits = [&](Slab& s) {
+        return !s.released[c].empty() || s.top + words < s.start + kWords;
       };
-      Slab& slab = *std::find_if(slabs.begin(), slabs.end(), holds);
+      auto slab = std::find_if(slabs.begin(), slabs.end(), fits);
+      if (slab == slabs.end()) slab = slabs.insert(slabs.begin(), {block, block, {}});
+      auto& released = slab->released[c];
+      require(block == (released.empty() ? slab->top : released.back()), "place");
+      released.empty() ? void(slab->top += words) : released.pop_back();
+      blocks[block] = {c, &*slab};
+    } else if (!blocks.empty()) {
+      auto& [block, home] = *std::next(blocks.begin(), octets(bytes)[i + 1] % long(blocks.size()));
+      auto& [own, slab] = home;
       int const wanted = step % 9 - 1, extra = 3 * (wanted - own);
-      bool const isLast = block + 12 * (own + 1) == slab.start + 4 * slab.top;
-      bool const grows = isLast && extra > 0 && wanted < 6 && slab.top + extra < kWords;
+      bool const isLast = block + 3 * (own + 1) == slab->top,
+                 fits = slab->top + extra < slab->start + kWords;
+      bool const grows = isLast && fits && extra > 0 && wanted < 6;
       require(pool.Extend(block, own, wanted) == (grows || extra == 0), "extended");
-      if (grows) slab.top += extra, own = wanted;
+      if (grows) slab->top += extra, own = wanted;
       if (grows || step % 2 == 0) continue;
       bool const isLost = step % 5 == 0;  // released in no class, it is not given again
       pool.Release(block, isLost ? -1 : own);
-      if (!isLost) slab.released[own].push_back(block);
+      if (!isLost) slab->released[own].push_back(block);
       blocks.erase(block);
     }
   }
