@@ -26,8 +26,9 @@ std::FILE* openText(char const* path) noexcept;
 /// @return the bytes up to the first NUL, or -1 at the end of the file.
 int readLine(char* line, int size, std::FILE* stream) noexcept;
 
-/// Codesets of the process locale that fast paths know by name. In `separate` each character stands
-/// for one code, whatever stands beside it.
+/// Codesets of the process locale that fast paths know by name. In those of `separate` each
+/// character stands for one code, whatever stands beside it. In none is a byte within a character
+/// white space.
 enum class Codeset { other, ascii, latin1, separate, utf8 };
 Codeset currentCodeset() noexcept;
 

@@ -98,10 +98,9 @@ using FindLineEnd = char const* (*)(char const* line, char const* end, std::size
 // The look at the test mode fixes it for the process, as the first step over a word does.
 FindLineEnd chooseFindLineEnd() noexcept {
   if (!cache.isFilled) fillCache();
-  platform::Codeset const codeset = platform::currentCodeset();
-  bool const isWalked =
-      codeset == platform::Codeset::other || codeset == platform::Codeset::separate;
-  return cache.testing || isWalked ? findLineEnd : findLineEndByBytes;
+  return !cache.testing && platform::currentCodeset() != platform::Codeset::other
+             ? findLineEndByBytes
+             : findLineEnd;
 }
 
 struct Folded {
