@@ -2,22 +2,17 @@
 // conversions. The twins hold the rows against the loops.
 #include <cwchar>
 
-#include "atr/encoding/encoding_table.h"
 #include "atr/encoding/utf8_walk.h"
 #include "support/support.h"
 
 using namespace test;
 
-namespace {
-
 constexpr unsigned kBad = 0xFFFFFFFF;
 
-S utf8(unsigned code) {
+static S utf8(unsigned code) {
   unsigned char out[7] = {};
   return S(reinterpret_cast<char*>(out), z(atr_utf8_from_ucs4(out, code)));
 }
-
-}  // namespace
 
 TEST(Encoding, Utf8CodesRoundTrip) {
   auto const check = [](unsigned code) {

@@ -1,20 +1,14 @@
 // What must not break anything: memory that ends in any function, and input made to
 // take long.
 #include <chrono>
-#include <functional>
 
-#include "atr/frame/memory.h"
-#include "atr/translation/dictionary_reader.h"
-#include "atr/translation/translation_table.h"
 #include "support/support.h"
 
 using namespace test;
 
-namespace {
-
 using Work = std::pair<char const*, std::function<void()>>;
 
-double secondsOf(std::function<void(int)> const& work, int size) {
+static double secondsOf(std::function<void(int)> const& work, int size) {
   using Clock = std::chrono::steady_clock;
   Clock::duration best = std::chrono::hours(1);
   for (int i = 0; i < 5; ++i) {
@@ -26,7 +20,7 @@ double secondsOf(std::function<void(int)> const& work, int size) {
 }
 
 // What has no test of its own for it. Nothing is lost or changed, and what was made stays usable.
-void runEachWithoutMemory() {
+static void runEachWithoutMemory() {
   TempFile const file("memory.py", "['a'] = r'1'\n['b'] = r'2'\n");
   setEnvironment("1", "memory.py", ATR_TEST_LATIN1, tempFolder(), "-");
   setVariable("ATR_SUMMARY", "x");
@@ -76,8 +70,6 @@ void runEachWithoutMemory() {
     ASSERT_EQ(textOf(s + atr_raw("b")), before + "b");
   }
 }
-
-}  // namespace
 
 TEST(Faults, EveryFunctionWithoutMemory) { EXPECT_FRESH("Reps Created", runEachWithoutMemory()); }
 

@@ -1,22 +1,17 @@
 // Messages: what the twins of templates, fields and numbers do not reach.
 #include <cinttypes>
 
-#include "atr/translation/translation_table.h"
 #include "support/support.h"
 
 using namespace test;
 
-namespace {
-
-S substitute(S const& text, auto... values) {
+static S substitute(S const& text, auto... values) {
   atr_translate message(text.c_str());
   int position = 0;
   (atr_SubstituteFormat(message, ++position, values), ...);
   EXPECT_STREQ(message.Result().c_str(), message.Result().c_str()) << "the same again";
   return message.Result().c_str();
 }
-
-}  // namespace
 
 TEST(Format, TemplateRows) {
   // clang-format off

@@ -1,6 +1,5 @@
-// Start and stop, the summary they switch, the pools they make.
+// Start and stop: the pools they make, the summary and the natural order that they switch.
 #include "atr/strings/string_module.h"
-#include "atr/strings/summary.h"
 #include "support/support.h"
 
 using namespace test;
@@ -8,13 +7,18 @@ using namespace test;
 TEST(Frame, StartsNestAndReport) {
   auto const run = [](char const* variable, S const& expected) {
     setVariable("ATR_SUMMARY", variable);
+    setVariable("ZLT_USE_NATURAL_ORDER_SORT", variable);
     int count = 5;
-    S steps;
+    S steps = picture(atr_getNaturalOrder(), "");
     for (char const step : "++--+-"s) {
       step == '+' ? atr_initialize(count) : atr_finalize(count);
-      steps += picture(count, atr_repPool && atr_bodyPool, atr_summary != nullptr, "");
+      bool const hasPools = atr_repPool != nullptr && atr_bodyPool != nullptr;
+      steps += std::to_string(1000 * count + 100 * hasPools + 10 * (atr_summary != nullptr) +
+                              atr_getNaturalOrder()) +
+               " ";
       setVariable("ATR_SUMMARY", nullptr);  // which the next start sees
-      if (steps.size() > 6) continue;
+      if (steps.size() > 10) continue;
+      atr_setNaturalOrder(7);
       atr_String const a("0123456789"), share(a);  // 20 bytes, 10 of text
       atr_String b(S(300, 'x').c_str()), d("0123456789");
       atr_String const c("borrowed", 8, atr_String::BorrowText);
@@ -24,12 +28,12 @@ TEST(Frame, StartsNestAndReport) {
     }
     EXPECT_EQ(steps, expected);
   };
-  EXPECT_FRESH("^$", run(nullptr, "6 1 0 6 1 0 6 1 0 5 0 0 6 1 0 5 0 0 "));
+  EXPECT_FRESH("^$", run(nullptr, "0 6101 6107 6107 5007 6101 5001 "));
   EXPECT_FRESH(
       "^ +3 Reps Created\n +4 Strings Created\n +2 Extension Failures\n +0 Active\n"
       " +0 Bytes in use\n +5 Maximum active\n +136 Maximum bytes in use\n"
       " +32.5 Mean length\n +39.0 Sigma length\n +19.5 Mean spare\n +13.2 Sigma spare\n$",
-      run("x", "6 1 1 6 1 1 6 1 1 5 0 0 6 1 0 5 0 0 "));
+      run("x", "0 6110 6117 6117 5007 6100 5000 "));
 }
 
 TEST(Pool, Rows) {

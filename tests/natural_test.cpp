@@ -1,4 +1,4 @@
-// Natural order, and the flag beside it.
+// Natural order.
 #include "support/support.h"
 
 using namespace test;
@@ -13,20 +13,4 @@ TEST(Natural, Rows) {
   for (auto const& row : rising)
     for (auto const& a : row)
       for (auto const& b : row) EXPECT_EQ(strnatcmp(a, b), (&a > &b) - (&a < &b)) << a << ' ' << b;
-}
-
-TEST(Natural, Flag) {
-  auto const run = [](char const* value, S const& expected) {
-    setVariable("ZLT_USE_NATURAL_ORDER_SORT", value);
-    int count = 0;
-    S flags = std::to_string(atr_getNaturalOrder());
-    for (char const step : "++--+-"s) {  // only the first start of several looks
-      step == '+' ? atr_initialize(count) : atr_finalize(count);
-      flags += step + std::to_string(atr_getNaturalOrder());
-      if (flags.size() == 3) atr_setNaturalOrder(7);
-    }
-    EXPECT_EQ(flags, expected);
-  };
-  EXPECT_FRESH("", run(nullptr, "0+1+7-7-7+1-1"));
-  EXPECT_FRESH("", run("1", "0+0+7-7-7+0-0"));
 }

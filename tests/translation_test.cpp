@@ -1,48 +1,26 @@
 // Translation: the file, the table, the lookup and the environment that selects them.
-#include <filesystem>
-#include <functional>
-#include <random>
 #include <thread>
 
-#include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
-#include "atr/translation/dictionary_reader.h"
 #include "atr/translation/key_index.h"
 #include "atr/translation/message_lookup.h"
-#include "atr/translation/translation_table.h"
 #include "support/support.h"
 
 using namespace test;
 
-namespace {
-
 constexpr char kInvalid[] = "WARNING: atr: Invalid UTF-8 string.\n";
 constexpr char kEncoding[] = "WARNING: atr: Failure encoding in the current locale.\n";
-S warning(char const* text, S const& key) { return text + ("\"" + key + "\"\n\n"); }
+static S warning(char const* text, S const& key) { return text + ("\"" + key + "\"\n\n"); }
 
-// The table as a picture: {key=text}{key=text}, sorted.
-S table() {
-  S picture;
-  for (int i = 0; i < atr_trTable.count; ++i)
-    picture += "{" + S(atr_trTable.entries[i].key) + "=" + atr_trTable.entries[i].text + "}";
-  return picture;
-}
-
-// Reads a dictionary of these bytes and answers the table and what was warned about.
-S readDictionary(std::string_view bytes) {
+// The table that a dictionary of these bytes makes, and what is warned about.
+static S read(std::string_view bytes) {
   TempFile const file("dictionary", bytes);
   std::FILE* const stream = atr::platform::openText(file.path.c_str());
   testing::internal::CaptureStderr();
-  atr_trReadDictionary(stream);
+  S const table = readDictionary(stream);
   std::fclose(stream);
-  atr_trSort();
-  S picture = table() + testing::internal::GetCapturedStderr();
-  atr_trReleaseDB();
-  EXPECT_EQ(mem_status().blocksInUse, 0);
-  return picture;
+  return table + testing::internal::GetCapturedStderr();
 }
-
-}  // namespace
 
 TEST(Translation, DictionaryRows) {
   S const text(8191 - 11, 'v');  // the piece "msg['k'] = r'" + text fills the buffer
@@ -68,21 +46,21 @@ TEST(Translation, DictionaryRows) {
       {"a NUL in a line", "['a'] = r'1'\0x\n['b'] = r'2'\n"s, "{a=}{b=2}"}};
   // clang-format on
   Locale const locale(ATR_TEST_LATIN1);
-  for (auto const& [what, bytes, result] : rows) EXPECT_EQ(readDictionary(bytes), result) << what;
+  for (auto const& [what, bytes, result] : rows) EXPECT_EQ(read(bytes), result) << what;
 }
 
 TEST(Translation, DictionaryInOtherEncodings) {
-  auto const read = [](char const* site) {
+  auto const run = [](char const* site) {
     setVariable("ZELTRA_SITE", site);
     std::setlocale(LC_ALL, ATR_TEST_SJIS);
     auto const tell = [&](S const& key) { return site == "qdn"s ? warning(kEncoding, key) : ""; };
-    EXPECT_EQ(readDictionary("['a'] = r'\xC4\x80'\n['b'] = r'\xC4\x80\\xE9'\n"),
+    EXPECT_EQ(read("['a'] = r'\xC4\x80'\n['b'] = r'\xC4\x80\\xE9'\n"),
               "{a=?}" + tell("a") + tell("b") + warning(kInvalid, "b"));
     setVariable("ZELTRA_SITE", "changed");
-    EXPECT_EQ(readDictionary("['a'] = r'\xC4\x80'\n"), "{a=?}" + tell("a"));
+    EXPECT_EQ(read("['a'] = r'\xC4\x80'\n"), "{a=?}" + tell("a"));
   };
-  EXPECT_FRESH("", read("qdn"));
-  EXPECT_FRESH("", read("QDN"));
+  EXPECT_FRESH("", run("qdn"));
+  EXPECT_FRESH("", run("QDN"));
 }
 
 TEST(Translation, Lookup) {
@@ -217,10 +195,10 @@ TEST(Translation, BuildAndReload) {
     atr_tr_enable(true);
     TempFile const other("reload.py", "['a'] = r'\xC4\x80\xE3\x82\xBD'\n");
     atr_trBuildDB();
-    EXPECT_EQ(table(), "{a=\xE9}{b=B}") << "built, and not again";
+    EXPECT_EQ(picture(atr_trTable), "{a=\xE9}{b=B}") << "built, and not again";
     setVariable("ZELTRA_LANG", ATR_TEST_SJIS);
     atr_tr_enable(false), atr_tr_enable(true);
-    EXPECT_EQ(table(), "{a=?\x83\x5C}");
+    EXPECT_EQ(picture(atr_trTable), "{a=?\x83\x5C}");
     atr_trReleaseDB();
     EXPECT_EQ(mem_status().blocksInUse, 0);
   };

@@ -1,9 +1,5 @@
 // The twins over their small worlds, over seeded random bytes, and over the corpora of the fuzz
 // targets, in locales of one and of several bytes a character.
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 
 #include "support/support.h"
 

@@ -1,7 +1,5 @@
 #include "support/support.h"
 
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <list>
 

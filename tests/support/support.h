@@ -5,7 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <new>
+#include <random>
 #include <sstream>
 #include <tuple>
 

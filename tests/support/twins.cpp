@@ -8,12 +8,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "atr/encoding/encoding_table.h"
-#include "atr/frame/memory.h"
-#include "atr/strings/summary.h"
-#include "atr/translation/dictionary_reader.h"
-#include "atr/translation/translation_table.h"
-
 using namespace test;
 
 std::size_t test::characterBytes(S const& s, std::size_t at) {
@@ -162,20 +156,12 @@ void escapes(std::string_view bytes) {
   same(text.c_str(), upToNul(expected), bytes);
 }
 
-// A file of the bytes, with all its entries and without: nothing is lost and nothing beyond.
 void dictionaries(std::string_view bytes) {
   std::FILE* const file = std::tmpfile();
   std::fwrite(bytes.data(), 1, bytes.size(), file);
   std::rewind(file);
-  atr_trReadDictionary(file);
-  atr_trSort();
-  for (int i = 1; i < atr_trTable.count; ++i) {
-    auto const* const e = atr_trTable.entries + i;
-    require(S(e[-1].key) <= e->key && atr_trFind(e->key).data() != nullptr, "sorted, found");
-  }
-  atr_trReleaseDB();
+  readDictionary(file);
   std::fclose(file);
-  require(mem_status().blocksInUse == 0, "blocks lost");
 }
 
 // Also behind and before others, as the fast runs take them by the block.
@@ -306,7 +292,7 @@ void strings(std::string_view bytes) {
     S &m = models[byte(0, 4)], other = models[byte(0, 16) / 4];
     int const p = place(1, m.size() + 1), from = place(2, other.size() + 1), n = place(3, 40);
     int const length = static_cast<int>(other.size()),
-              choice = m.size() > 500 ? 4 : byte(0, 128) / 16;
+              choice = m.size() > 500 ? 4 : byte(0, 256) / 16;
     auto const at = z(std::clamp(p, 0, static_cast<int>(m.size()))), count = z(std::max(n, 0));
     S const piece = other.substr(z(std::clamp(from, 0, length)), count);
     if (choice == 0) s = t, m = other;
@@ -317,6 +303,18 @@ void strings(std::string_view bytes) {
     if (choice == 5) s.Erase(p, n), m.erase(at, count);
     if (choice == 6) s = t.Substr(z(std::max(from, 0)), count), m = piece;
     if (choice == 7) s = s + t, m += other;
+    if (choice == 8 && z(p) != m.size())
+      s[p] = '!', m.replace(at, at < m.size() && p >= 0, "!", at < m.size() && p >= 0);
+    if (choice == 9)
+      s.Trim(t.c_str()), std::erase_if(m, [&](char c) { return other.find(c) != other.npos; });
+    if (choice == 10) s.LeftTrim(t.c_str()), m.erase(0, m.find_first_not_of(other));
+    if (choice == 11) s.RightTrim(t.c_str()), m.erase(m.find_last_not_of(other) + 1);
+    if (choice == 12) s.Reverse(), std::reverse(m.begin(), m.end());
+    if (choice == 13) s.Capitalize(), m[0] = static_cast<char>(std::toupper(m[0]));
+    if (choice == 14) s.Uncapitalize(), m[0] = static_cast<char>(std::tolower(m[0]));
+    if (choice == 15)
+      s = t.c_str() + z(std::clamp(from, 0, length)),
+      m = other.substr(z(std::clamp(from, 0, length)));
     for (int k = 0; k < 4; ++k) same(textOf(ours[k]), models[k], "step " + std::to_string(i / 4));
   }
 }
@@ -367,6 +365,26 @@ void pools(std::string_view bytes) {
 }
 
 }  // namespace
+
+S test::picture(TranslationTable const& table) {
+  S picture;
+  for (int i = 0; i < table.count; ++i) {
+    auto const& [key, text] = table.entries[i];
+    require(i == 0 || S(table.entries[i - 1].key) <= key, "sorted");
+    require(atr_trFind(key).data() != nullptr, "found");
+    picture += "{" + S(key) + "=" + text + "}";
+  }
+  return picture;
+}
+
+S test::readDictionary(std::FILE* file) {
+  atr_trReadDictionary(file);
+  atr_trSort();
+  S const table = picture(atr_trTable);
+  atr_trReleaseDB();
+  require(mem_status().blocksInUse == 0, "blocks lost");
+  return table;
+}
 
 S test::transcode(int target, int source, S const& text, char substitute) {
   S out(8 * text.size() + 17, '\xFF');

@@ -13,6 +13,11 @@
 #include <vector>
 
 #include "atr/atr.h"
+#include "atr/encoding/encoding_table.h"
+#include "atr/frame/memory.h"
+#include "atr/strings/summary.h"
+#include "atr/translation/dictionary_reader.h"
+#include "atr/translation/translation_table.h"
 
 namespace test {
 
@@ -41,6 +46,12 @@ std::size_t characterBytes(S const& s, std::size_t at);
 /// What comes out; behind the number of a failure, up to its last byte that is not 0xFF. Writing
 /// agrees with measuring, and leaves alone what lies around.
 S transcode(int target, int source, S const& text, char substitute = 0);
+
+/// The table as a picture: {key=text}{key=text}, sorted, with each entry found by its key.
+S picture(TranslationTable const& table);
+
+/// The table that a dictionary makes, read from where `file` stands, with no block lost.
+S readDictionary(std::FILE* file);
 
 struct Twin {
   char const* name;
