@@ -265,7 +265,8 @@ void search(std::string_view bytes, S const& filler) {
             "");
     require(z(s.rfind(needle.c_str(), 1, at)) == std::min(back, hay.size()), hay + " rfind");
   }
-  if (!needle.empty()) replaceEach(hay, needle, to, 20);
+  for (int i = 0; i < 20 && !needle.empty() && hay.find(needle) != hay.npos; ++i)
+    hay.replace(hay.find(needle), needle.size(), to);
   same(textOf(s.Substitute(needle.c_str(), to.c_str(), 20)), hay, bytes);
   atr_StringSummary record{};
   atr_summary = &record;
@@ -370,8 +371,9 @@ S test::picture(TranslationTable const& table) {
   S picture;
   for (int i = 0; i < table.count; ++i) {
     auto const& [key, text] = table.entries[i];
-    require(i == 0 || S(table.entries[i - 1].key) <= key, "sorted");
-    require(atr_trFind(key).data() != nullptr, "found");
+    auto const order = i + 1 < table.count ? std::strcmp(key, table.entries[i + 1].key) : -1;
+    require(order <= 0, "sorted");
+    require(order == 0 || S(atr_trFind(key)) == text, "the last of equals is found");
     picture += "{" + S(key) + "=" + text + "}";
   }
   return picture;

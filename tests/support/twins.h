@@ -27,9 +27,6 @@ inline S textOf(atr_String const& s) { return {s.c_str(), s.length()}; }
 inline auto* octets(S& s) { return reinterpret_cast<unsigned char*>(s.data()); }
 inline auto* octets(std::string_view s) { return reinterpret_cast<unsigned char const*>(s.data()); }
 constexpr std::size_t z(auto number) { return static_cast<std::size_t>(number); }
-inline void replaceEach(S& s, std::string_view from, std::string_view to, int times) {
-  for (; times > 0 && s.find(from) != s.npos; --times) s.replace(s.find(from), from.size(), to);
-}
 
 /// A string whose representation can be looked at.
 struct Text : atr_String {
@@ -47,7 +44,7 @@ std::size_t characterBytes(S const& s, std::size_t at);
 /// agrees with measuring, and leaves alone what lies around.
 S transcode(int target, int source, S const& text, char substitute = 0);
 
-/// The table as a picture: {key=text}{key=text}, sorted, with each entry found by its key.
+/// The table as a picture: {key=text}{key=text}, sorted, with the last text of each key found.
 S picture(TranslationTable const& table);
 
 /// The table that a dictionary makes, read from where `file` stands, with no block lost.
