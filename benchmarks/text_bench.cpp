@@ -75,6 +75,22 @@ void transcoding() {
   transcode("UTF-8 to EUC-JP locale 4 kB", "ja_JP.EUC-JP", EncodingLocale, "EUC-JP", kCjk, 0.7, 0);
 }
 
+void reading() {
+  std::string const name = "EUC-JP locale to UTF-8 4 kB", utf8 = repeat(kCjk, 4096);
+  std::string const text(room, convert(iconv_open("EUC-JP", "UTF-8"), utf8, room, sizeof room));
+  ours(name, [=] {
+    useLocale("ja_JP.EUC-JP");
+    DoNotOptimize(atr_utf8_from_encoding(nullptr, EncodingLocale, bytes(text)));
+    DoNotOptimize(atr_utf8_from_encoding(reinterpret_cast<unsigned char*>(room), EncodingLocale,
+                                         bytes(text)));
+  });
+  side(name, "iconv twice", 0, [text, cd = iconv_open("UTF-8", "EUC-JP")] {
+    DoNotOptimize(convert(cd, text, room, sizeof room));
+    DoNotOptimize(convert(cd, text, room, sizeof room));
+  });
+  copyLimit(name, text.size());
+}
+
 std::string foldByLoop(std::string const& text, std::size_t limit) {
   std::string out;
   std::size_t lineStart = 0, at = 0;
@@ -201,6 +217,7 @@ void growing() {
 int main(int argc, char** argv) {
   validating();
   transcoding();
+  reading();
   layout();
   order();
   growing();

@@ -86,8 +86,9 @@ FastRun fastRunBetween(int target, int source) noexcept {
   if (isUtf8(source) && isUtf8(target)) return copyUtf8;
   if (isUtf8(source) && isSingleByte(target, codeset)) return narrowUtf8;
   if (isSingleByte(source, codeset) && isUtf8(target)) return widenToUtf8;
-  bool const isSeparate = codeset == platform::Codeset::separate;
-  if (source == EncodingUtf8 && target == EncodingLocale && isSeparate) return encodeUtf8;
+  if (codeset != platform::Codeset::separate) return nullptr;
+  if (source == EncodingUtf8 && target == EncodingLocale) return encodeUtf8;
+  if (source == EncodingLocale && target == EncodingUtf8) return decodeToUtf8;
   return nullptr;
 }
 
@@ -311,6 +312,22 @@ void encodeUtf8(TranscodingState& state, unsigned char const* end) {
     }
     state.text = starts[taken];
     state.total += bytes;
+  }
+}
+
+void decodeToUtf8(TranscodingState& state, unsigned char const* end) {
+  for (int count = platform::kRun; count == platform::kRun;) {
+    unsigned int codes[platform::kRun];
+    auto const* text = reinterpret_cast<char const*>(state.text);
+    count = platform::decodeRun(codes, text, reinterpret_cast<char const*>(end));
+    state.text = reinterpret_cast<unsigned char const*>(text);
+    for (int i = 0; i < count; ++i) {
+      bool const isWriting = state.out != nullptr;
+      int const bytes =
+          isWriting ? atr_utf8_from_ucs4(state.out, codes[i]) : atr_utf8_len(codes[i]);
+      if (isWriting) state.out += bytes;
+      state.total += static_cast<std::size_t>(bytes);
+    }
   }
 }
 

@@ -47,7 +47,7 @@ constexpr std::size_t kCharacterRoom = 64;
 /// negative, with `out` undefined, if the locale has no such character. Keeps no shift state.
 int encodeCharacter(char* out, unsigned int code) noexcept;
 
-constexpr int kRun = 32;  // codes that encodeRun takes at most
+constexpr int kRun = 32;  // codes that encodeRun and decodeRun take at most
 constexpr std::size_t kRunRoom = 8 * kRun;
 constexpr unsigned int kMaxRunCode = 0xFFFF;  // some beyond it the runtime drops
 
@@ -55,6 +55,11 @@ constexpr unsigned int kMaxRunCode = 0xFFFF;  // some beyond it the runtime drop
 /// bytes, up to the first that the locale has no character for; sets `count` to how many those are.
 /// For locales of Codeset::separate. @return the bytes written.
 std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept;
+
+/// Decodes the characters at `text` into `codes`, which has room for kRun, up to `end` or to the
+/// first that is invalid or cut, and moves `text` behind them. There is no NUL before `end`. For
+/// locales of Codeset::separate. @return how many.
+int decodeRun(unsigned int* codes, char const*& text, char const* end) noexcept;
 
 }  // namespace atr::platform
 

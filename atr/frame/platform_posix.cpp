@@ -16,6 +16,8 @@ namespace atr::platform {
 
 static_assert(kCharacterRoom >= 2 * MB_LEN_MAX);
 
+static constexpr auto kFailure = static_cast<std::size_t>(-1);  // of the wide functions
+
 char const directorySeparator[2] = "/";
 char const foreignSeparator[2] = "\\";
 char const listSeparator = ':';
@@ -94,9 +96,8 @@ int encodeCharacter(char* out, unsigned int code) noexcept {
   return static_cast<int>(bytes);
 }
 
-// A failure tells how far it came in the place of the bytes it wrote, so that it is done again.
+// A failure tells how far it came in the place of what it made, so that it is done again.
 std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept {
-  constexpr auto kFailure = static_cast<std::size_t>(-1);
   wchar_t wide[kRun];
   std::copy_n(codes, count, wide);
   for (int attempt = 0; attempt < 2; ++attempt) {
@@ -108,6 +109,25 @@ std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept
     if (bytes != kFailure) return bytes;
   }
   count = 0;
+  return 0;
+}
+
+// A character that the end cuts is taken into the state: then again, for a byte less.
+int decodeRun(unsigned int* codes, char const*& text, char const* end) noexcept {
+  wchar_t wide[kRun];
+  for (int attempt = 0; attempt < 3 && text != end; ++attempt) {
+    std::mbstate_t state{};
+    char const* rest = text;
+    std::size_t const count =
+        mbsnrtowcs(wide, &rest, static_cast<std::size_t>(end - text), kRun, &state);
+    bool const isCut = std::mbsinit(&state) == 0;
+    if (count != kFailure && !isCut) {
+      std::copy_n(wide, count, codes);
+      text = rest;
+      return static_cast<int>(count);
+    }
+    end = isCut ? end - 1 : rest;
+  }
   return 0;
 }
 

@@ -59,4 +59,8 @@ std::size_t encodeRun(char* /*out*/, unsigned int const* /*codes*/, int& count) 
   return 0;
 }
 
+int decodeRun(unsigned int* /*codes*/, char const*& /*text*/, char const* /*end*/) noexcept {
+  return 0;
+}
+
 }  // namespace atr::platform
