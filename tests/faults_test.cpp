@@ -9,14 +9,13 @@ using namespace test;
 using Work = std::pair<char const*, std::function<void()>>;
 
 static double secondsOf(std::function<void(int)> const& work, int size) {
-  using Clock = std::chrono::steady_clock;
-  Clock::duration best = std::chrono::hours(1);
+  auto const now = std::chrono::steady_clock::now;
+  std::chrono::duration<double> best = std::chrono::hours(1);
   for (int i = 0; i < 5; ++i) {
-    auto const start = Clock::now();
-    work(size);
-    best = std::min(best, Clock::now() - start);
+    auto const start = now();
+    work(size), best = std::min<decltype(best)>(best, now() - start);
   }
-  return std::chrono::duration<double>(best).count();
+  return best.count();
 }
 
 // What has no test of its own for it. Nothing is lost or changed, and what was made stays usable.

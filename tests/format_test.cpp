@@ -69,8 +69,6 @@ TEST(Format, ValueRows) {
   EXPECT_EQ(substitute("%5s|%5d|%-5.2s|%.9s|%s|%-3s", atr_String(), "abc", "abc", atr_String("abc"),
                        nullptr, nullptr),
             "     |abc|ab   |abc||   ");
-  EXPECT_EQ(substitute("%c|%5c|%-5c|%c", 0, 0, 0, -23), "|    ||\xE9");
-  EXPECT_EQ(substitute("%1.2.3d|%5-3d|%.-3d", 7, 7, 7), "07|    7|7");
 }
 
 TEST(Format, ReplaceNonTranslated) {

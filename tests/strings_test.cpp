@@ -8,9 +8,9 @@ atr_String const kX("X"), kAB("ab"), kLong(S(260, 'q').c_str());
 
 // Text and holders, a null string's being 1, and whether its fields agree.
 static S look(Text const& s) {
-  auto const* const r = s.r();
+  auto const* const r = s.rep;
   bool const fits = r == nullptr || r->size == 0 || r->length < r->size;
-  bool const isSound = fits && (r == nullptr) == (s.b() == nullptr) && s.c_str()[s.length()] == 0;
+  bool const isSound = fits && (r == nullptr) == (s.body == nullptr) && s.c_str()[s.length()] == 0;
   return textOf(s) + (isSound ? "|" : " broken|") + std::to_string(r != nullptr ? r->refCount : 1);
 }
 
@@ -71,7 +71,7 @@ TEST(Strings, OperationsInEveryState) {
       bool const hasFailed = fails(k, [&] { op.run(s); });
       bool const isPass = hasFailed && op.what[2] == 'S';  // Substitute keeps what it has done
       bool const mayWrite = kind != 0 && !hasFailed && (op.alwaysWrites || expected != text);
-      bool const isFork = sharers > 1 && s.r() != other.r();
+      bool const isFork = sharers > 1 && s.rep != other.rep;
       S const holders = isFork || sharers == 1 ? "|1" : "|2";
       ASSERT_TRUE(isPass || isFork == (sharers > 1 && mayWrite));
       ASSERT_TRUE(isPass || look(s) == (hasFailed ? text : expected) + holders) << look(s);
@@ -88,12 +88,10 @@ TEST(Strings, SizeClasses) {
       {1000, 1001, 1001}};
   // clang-format on
   for (auto const& [capacity, size, bytes] : kRows) {
-    int const taken = allocations().taken;
     Text s(capacity, Text::PreSize);
-    bool const isInline = s.b() == reinterpret_cast<char*>(s.r() + 1);
-    int const blocks = allocations().taken - taken;
-    EXPECT_EQ(picture(s.r()->size, allocations().lastBytes, blocks, isInline),
-              picture(size, bytes, capacity > 238 ? 2 : 1, capacity <= 238));
+    bool const isInline = s.body == reinterpret_cast<char*>(s.rep + 1);
+    EXPECT_EQ(picture(s.rep->size, allocations().lastBytes, isInline),
+              picture(size, bytes, capacity <= 238));
     char const* const body = s.c_str();
     s.isolate(size - 1);
     EXPECT_EQ(s.c_str(), body) << "room for one byte less: " << capacity;
@@ -107,12 +105,12 @@ TEST(Strings, NullAndEmpty) {
   for (Text const& s :
        {Text(), Text(""), Text(static_cast<char const*>(nullptr)), Text(kAB.extract(7, ',')),
         Text(Text("").Erase(0, kAll)), Text(atr_StringFromText(nullptr))})
-    EXPECT_TRUE(s.r() == nullptr && s.c_str() == atr_emptyText);
+    EXPECT_TRUE(s.rep == nullptr && s.c_str() == atr_emptyText);
   EXPECT_EQ(allocations().taken, taken);
   for (Text const& s :
        {Text("", 0), Text(kX.Substr(1, 5)), Text(Text().Substr(0, 0)), Text(Text() + Text()),
         Text(Text("a").Erase(0, 1)), Text(kX.Substr(SIZE_MAX, SIZE_MAX))})
-    EXPECT_TRUE(s.r() != nullptr && s.r()->size == 20 && s.IsEmpty());
+    EXPECT_TRUE(s.rep != nullptr && s.rep->size == 20 && s.IsEmpty());
 }
 
 TEST(Strings, SharingAndMoving) {
@@ -120,12 +118,12 @@ TEST(Strings, SharingAndMoving) {
   b = a;
   EXPECT_EQ(look(a), "text|2");
   Text c(std::move(b));
-  EXPECT_EQ(b.r(), nullptr);
+  EXPECT_EQ(b.rep, nullptr);
   a = static_cast<Text&&>(a);
   EXPECT_EQ(look(a) + look(b) + look(c), "text|2|1text|2");
   b = std::move(c);
   EXPECT_EQ(look(a + a) + look(a) + look(c), "texttext|1text|2|1");
-  EXPECT_TRUE(c.r() == nullptr);
+  EXPECT_TRUE(c.rep == nullptr);
   atr_StringBasePrv working(a);
   EXPECT_EQ(look(a) + look(atr_StringFromBase(working).c_str()), "text|3text|1");
   working.Append("longer", 2).Append(kX) += "!";
@@ -139,10 +137,10 @@ TEST(Strings, MissingMemoryForLongTexts) {
   EXPECT_THROW(s.isolate(kAll), std::bad_alloc);
   EXPECT_THROW(s.append("x", kAll, 0, kAll), std::bad_alloc);
   EXPECT_THROW(s.Substitute("a", "aa", kAll), std::bad_alloc);
-  EXPECT_THROW(Text(s.b(), kAll, Text::AdoptBlock), std::bad_alloc);
+  EXPECT_THROW(Text(s.body, kAll, Text::AdoptBlock), std::bad_alloc);
   EXPECT_STREQ(Text("//").Substitute("/", "/", kAll).Substitute("/", "\\", kAll).c_str(), "\\\\");
   failAllocation(0);
-  EXPECT_THROW(Text(adopted.b(), 1, Text::AdoptBlock), std::bad_alloc) << "still the caller's";
+  EXPECT_THROW(Text(adopted.body, 1, Text::AdoptBlock), std::bad_alloc) << "still the caller's";
   EXPECT_EQ(look(s) + look(adopted), "ab|1a|1");
 }
 
@@ -179,7 +177,7 @@ TEST(Strings, Fields) {
     EXPECT_STREQ(Text(text).extract(index, ',', '\\').c_str(), unescaped) << text << index;
   }
   EXPECT_EQ(look(Text("a,b").extract(0, 0)) + look(Text("a,b").extract(1, 0)), "a,b|1|1");
-  EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).r(), nullptr);
+  EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).rep, nullptr);
 }
 
 // Every pair of bytes, between letters, against a walk with the runtime's own mblen.

@@ -219,7 +219,7 @@ void lines(std::string_view bytes) {
     }
     auto const check = [&](Text const& ours, bool isShared, Text const& expected) {
       same(textOf(ours), textOf(expected), text);
-      require((ours.r() == s.r()) == isShared && ours.r()->size == expected.r()->size, text);
+      require((ours.rep == s.rep) == isShared && ours.rep->size == expected.rep->size, text);
     };
     Text const line = fits ? s : breakLine(text, width);
     check(atr_String::BreakLineString(s, limit), fits, line);
@@ -272,7 +272,7 @@ void search(std::string_view bytes, S const& filler) {
   atr_summary = &record;
   same(textOf(passed.Substitute(needle.c_str(), to.c_str(), 20)), hay, bytes);
   atr_summary = nullptr;
-  require(passed.r() == nullptr || s.r()->size == passed.r()->size, hay);
+  require(passed.rep == nullptr || s.rep->size == passed.rep->size, hay);
 }
 
 void searches(std::string_view bytes) { search(bytes, ""), search(bytes, S(200, 'x')); }

@@ -30,11 +30,9 @@ constexpr std::size_t z(auto number) { return static_cast<std::size_t>(number); 
 
 /// A string whose representation can be looked at.
 struct Text : atr_String {
-  using atr_String::atr_String;
+  using atr_String::atr_String, atr_String::rep, atr_String::body;
   Text(atr_String const& other) : atr_String(other) {}
   Text(atr_String&& other) : atr_String(std::move(other)) {}
-  atr_StringRep* r() const { return rep; }
-  char* b() const { return body; }
 };
 
 /// Bytes of the character at a position in the locale: 1 also for what is none.
