@@ -19,14 +19,14 @@ TEST(Layout, TestMode) {
     char const* const first = atr_i18nExtraCharacters();
     EXPECT_EQ(first, marker);
     std::setlocale(LC_ALL, ATR_TEST_SJIS);
-    set(isOn ? nullptr : "x", "x", "x");  // too late
+    set(isOn ? "-" : "x", "x", "x");  // too late
     EXPECT_EQ(atr_i18nTesting(), isOn);
     EXPECT_EQ(static_cast<void const*>(atr_i18nExtraCharacters()), first);
     EXPECT_EQ(first, marker);
   };
-  EXPECT_FRESH("", set("x", "x", nullptr); run(ATR_TEST_SJIS, false));
-  EXPECT_FRESH("", set("x", nullptr, "x"); run(ATR_TEST_SJIS, false));
-  EXPECT_FRESH("", set(nullptr, "x", "x"); run(ATR_TEST_SJIS, false));
+  EXPECT_FRESH("", set("x", "x", "-"); run(ATR_TEST_SJIS, false));
+  EXPECT_FRESH("", set("x", "-", "x"); run(ATR_TEST_SJIS, false));
+  EXPECT_FRESH("", set("-", "x", "x"); run(ATR_TEST_SJIS, false));
   EXPECT_FRESH("", set("x", "x", "x"); run("C", true));
   EXPECT_FRESH("", set("x", "x", "x"); run(ATR_TEST_SJIS, true));
 }

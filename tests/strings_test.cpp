@@ -179,18 +179,3 @@ TEST(Strings, Fields) {
   EXPECT_EQ(look(Text("a,b").extract(0, 0)) + look(Text("a,b").extract(1, 0)), "a,b|1|1");
   EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).rep, nullptr);
 }
-
-// Every pair of bytes, between letters, against a walk with the runtime's own mblen.
-TEST(Strings, CaseInEveryLocale) {
-  forEachPair([](S const& pair) {
-    S const text = "a" + pair + "Zz";
-    S upper = text, lower = text;
-    for (std::size_t i = 0, n = 1; i < 5; i += n) {
-      n = characterBytes(text, i);
-      if (n == 1 && std::islower(octets(text)[i])) upper[i] = static_cast<char>(text[i] - 32);
-      if (n == 1 && std::isupper(octets(text)[i])) lower[i] = static_cast<char>(text[i] + 32);
-    }
-    ASSERT_EQ(textOf(Text(text.c_str(), 5).ToUpper()), upper);
-    ASSERT_EQ(textOf(Text(text.c_str(), 5).ToLower()), lower);
-  });
-}

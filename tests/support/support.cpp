@@ -6,19 +6,18 @@
 namespace fs = std::filesystem;
 
 // The environment keeps pointing at the text, up to the end of the process.
-void test::setVariable(char const* name, char const* value) {
+void test::setVariable(char const* name, S const& value) {
   static auto* const kept = new std::list<S>;
-  kept->push_back(name + (value != nullptr ? "=" + S(value) : ATR_TEST_REMOVE_VARIABLE));
+  kept->push_back(name + (value != "-" ? "=" + value : ATR_TEST_REMOVE_VARIABLE));
   putenv(kept->back().data());
 }
 
 void test::setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
                           S const& first) {
-  auto const set = [](char const* name, S const& s) {
-    setVariable(name, s == "-" ? nullptr : s.c_str());
-  };
-  set("ZELTRA_SUPPORTED_LOCALE", supported), set("ZELTRA_TRANSLATION_DICTIONARY", file);
-  set("ZELTRA_LANG", locale), set("ZEL_PATH", path), set("QMR_DICT_DIR", first);
+  setVariable("ZELTRA_SUPPORTED_LOCALE", supported);
+  setVariable("ZELTRA_TRANSLATION_DICTIONARY", file);
+  setVariable("ZELTRA_LANG", locale), setVariable("ZEL_PATH", path);
+  setVariable("QMR_DICT_DIR", first);
 }
 
 test::S test::tempFolder() {

@@ -30,10 +30,10 @@ struct Locale {
 /// The locales that the build made, or the platform's own names for them.
 constexpr char const* kLocales[] = {ATR_TEST_LOCALES};
 
-/// Sets a variable of the process environment, or removes it with a null value.
-void setVariable(char const* name, char const* value);
+/// Sets a variable of the process environment; "-" removes it.
+void setVariable(char const* name, S const& value);
 
-/// Sets what selects locale and dictionary; "-" removes a variable.
+/// Sets what selects locale and dictionary.
 void setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
                     S const& first);
 
@@ -85,17 +85,6 @@ S picture(auto const& first, auto const&... others) {
   std::ostringstream out;
   out << first, ((out << ' ' << others), ...);
   return out.str();
-}
-
-/// Calls visit(text) for every text of two bytes in every locale, up to a failure.
-void forEachPair(auto const& visit) {
-  for (char const* const name : kLocales) {
-    Locale const locale(name);
-    for (int pair = 0x0101; pair <= 0xFFFF; ++pair) {
-      if (pair % 256 != 0) visit(S{static_cast<char>(pair >> 8), static_cast<char>(pair)});
-      if (::testing::Test::HasFailure()) FAIL() << name << ' ' << pair;
-    }
-  }
 }
 
 /// Ends the process, and writes the failures of the running test to the standard error stream.
