@@ -13,7 +13,7 @@ static S substitute(S const& text, auto... values) {
   return message.Result().c_str();
 }
 
-TEST(Format, TemplateRows) {
+TEST(Format, TemplatesAndValues) {
   // clang-format off
   constexpr char const* kRows[][3] = {// template, its formats by position, the result of five values
       {"", "", ""}, {"100%%", "", "100%"}, {"%%%%%", "", "%%"}, {"%d%%", "%d", "<1>%"}, {"%d%", "%d", "<1>"},
@@ -33,6 +33,9 @@ TEST(Format, TemplateRows) {
   atr_translate nothing(nullptr);
   nothing.AddSubstitution(1, "x", nullptr);
   EXPECT_TRUE(nothing.Result().IsEmpty());
+  EXPECT_EQ(substitute("%5s|%5d|%-5.2s|%.9s|%s|%-3s", atr_String(), "abc", "abc", atr_String("abc"),
+                       nullptr, nullptr),
+            "     |abc|ab   |abc||   ");
 }
 
 TEST(Format, TranslationDecides) {
@@ -63,12 +66,6 @@ TEST(Format, Conversions) {
     EXPECT_EQ(format.FormatNoWidth(size, letter), narrow) << text;
     EXPECT_EQ(format.Letter(), text.back());
   }
-}
-
-TEST(Format, ValueRows) {
-  EXPECT_EQ(substitute("%5s|%5d|%-5.2s|%.9s|%s|%-3s", atr_String(), "abc", "abc", atr_String("abc"),
-                       nullptr, nullptr),
-            "     |abc|ab   |abc||   ");
 }
 
 TEST(Format, ReplaceNonTranslated) {

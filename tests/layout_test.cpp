@@ -5,10 +5,8 @@ using namespace test;
 
 TEST(Layout, TestMode) {
   S const mark = "\x83\x5C\x81\x5B";  // the marker in Shift JIS
-  auto const set = [](char const* language, char const* print, char const* folder) {
-    setVariable("ZELTRA_LANG", language);
-    setVariable("ZLT_QA_PRINT", print);
-    setVariable("QMR_DICT_DIR", folder);
+  auto const set = [](S const& language, S const& print, S const& folder) {
+    setEnvironment("-", "-", language, "-", folder), setVariable("ZLT_QA_PRINT", print);
   };
   auto const run = [&](char const* locale, bool isOn) {
     bool const isMarked = locale == S(ATR_TEST_SJIS);

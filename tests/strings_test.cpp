@@ -25,16 +25,11 @@ static Text make(int kind, S const& text) {
   return Text(std::strcpy(block, text.c_str()), n, Text::AdoptBlock);
 }
 
-struct Operation {
-  char const* what;
-  bool alwaysWrites;  // also where the text stays as it is
-  void (*run)(atr_String& s);
-};
-
 static int len(atr_String const& s) { return static_cast<int>(s.length()); }
 static int half(atr_String const& s) { return len(s) / 2; }
 
 // clang-format off
+struct Operation { char const* what; bool alwaysWrites; void (*run)(atr_String& s); };  // also where the text stays as it is
 #define OP(always, run) {#run, always, [](atr_String& s) { run; }}
 Operation const kOperations[] = {
     OP(true, s.append("0123", 4, 1, 2)), OP(true, s.append("", 0, 0, kAll)), OP(true, s.Append(kLong)), OP(true, s.Append(s)),
