@@ -7,8 +7,6 @@
 
 using namespace test;
 
-constexpr unsigned kBad = 0xFFFFFFFF;
-
 static S utf8(unsigned code) {
   unsigned char out[7] = {};
   return S(reinterpret_cast<char*>(out), z(atr_utf8_from_ucs4(out, code)));
@@ -21,7 +19,7 @@ TEST(Encoding, Utf8CodesRoundTrip) {
     bool const isGood = code < 0x80000000;
     auto const *start = octets(text), *end = start + text.size();
     ASSERT_EQ(z(atr_utf8_len(code)), text.size()) << code;
-    ASSERT_EQ(atr_utf8_to_ucs4(start, &told), isGood ? code : kBad) << code;
+    ASSERT_EQ(atr_utf8_to_ucs4(start, &told), isGood ? code : UINT_MAX) << code;
     ASSERT_EQ(told, isGood ? end - start : 0) << code;
     ASSERT_TRUE(code == 0 || !isGood || atr_utf8_next(atr_utf8_prev(end)) == end);
   };
@@ -32,10 +30,10 @@ TEST(Encoding, Utf8CodesRoundTrip) {
 TEST(Encoding, Utf8Rows) {
   // clang-format off
   std::tuple<S, unsigned, int, int> const rows[] = {  // ..., its length as told, bytes back from the end
-      {"", 0, 1, 1}, {"\xC0\x80", 0, 2, 2}, {"\xC1\xBF", 0x7F, 2, 2}, {"\xED\xA0\x80", 0xD800, 3, 3}, {"\xFE", kBad, 0, 1},
-      {"\xF4\x90\x80\x80", 0x110000, 4, 4}, {"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF, 6, 6}, {"\xFF", kBad, 0, 1},
-      {"\x80", kBad, 0, 1}, {"\xE2\x82", kBad, 3, 1}, {"\xE2\xC2\x82", kBad, 3, 2}, {"\xE2\x82\xAC", 0x20AC, 3, 3},
-      {"\x80\x80\x80\x80\x80\x80\x80", kBad, 0, 1}, {"\xE2", kBad, 3, 1}};
+      {"", 0, 1, 1}, {"\xC0\x80", 0, 2, 2}, {"\xC1\xBF", 0x7F, 2, 2}, {"\xED\xA0\x80", 0xD800, 3, 3}, {"\xFE", UINT_MAX, 0, 1},
+      {"\xF4\x90\x80\x80", 0x110000, 4, 4}, {"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF, 6, 6}, {"\xFF", UINT_MAX, 0, 1},
+      {"\x80", UINT_MAX, 0, 1}, {"\xE2\x82", UINT_MAX, 3, 1}, {"\xE2\xC2\x82", UINT_MAX, 3, 2}, {"\xE2\x82\xAC", 0x20AC, 3, 3},
+      {"\x80\x80\x80\x80\x80\x80\x80", UINT_MAX, 0, 1}, {"\xE2", UINT_MAX, 3, 1}};
   // clang-format on
   for (auto const& [text, code, length, back] : rows) {
     int told = -1;
@@ -45,7 +43,7 @@ TEST(Encoding, Utf8Rows) {
     EXPECT_EQ(told, length) << text;
     EXPECT_EQ(atr_utf8_prev(octets(behind) + behind.size()), octets(behind) + behind.size() - back)
         << text;
-    EXPECT_EQ(atr_encoding_validate(EncodingUtf8, octets(text)), code != kBad) << text;
+    EXPECT_EQ(atr_encoding_validate(EncodingUtf8, octets(text)), code != UINT_MAX) << text;
   }
 }
 

@@ -37,16 +37,15 @@ TEST(Frame, StartsNestAndReport) {
 }
 
 TEST(Pool, Rows) {
-  constexpr int kMax = INT_MAX, kMin = INT_MIN;
   // clang-format off
   std::tuple<int, int, int, std::size_t, int> const rows[] = {  // ..., slab block, highest that fits
       {12, 0, 0, 4096, 0}, {32, 7, 16384, 16384, 7}, {4, 20, 100, 400, 15}, {1000, 0, 0, 65536, 0},
-      {5000, 15, 0, 65536, 12}, {kMax, 15, kMax, 65536, -1}, {0, kMin, -5, 400, 0}, {kMin, kMax, kMin, 400, 15}};
+      {5000, 15, 0, 65536, 12}, {INT_MAX, 15, INT_MAX, 65536, -1}, {0, INT_MIN, -5, 400, 0}, {INT_MIN, INT_MAX, INT_MIN, 400, 15}};
   // clang-format on
   for (auto const& [unitBytes, maxClass, slabBytes, block, last] : rows) {
     atr_Allocator pool(unitBytes, maxClass, slabBytes);
     int const before = allocations().taken;
-    for (int const c : {kMin, -1, last + 1, kMax})
+    for (int const c : {INT_MIN, -1, last + 1, INT_MAX})
       EXPECT_EQ(pool.Allocate(c), nullptr) << unitBytes;
     EXPECT_EQ(allocations().taken, before);
     EXPECT_EQ(pool.Allocate(last) != nullptr, last >= 0) << unitBytes;

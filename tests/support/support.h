@@ -22,7 +22,6 @@ using namespace std::string_literals;
 /// Sets LC_ALL for a scope; a locale that the machine lacks fails the test.
 struct Locale {
   explicit Locale(char const* name) { EXPECT_NE(std::setlocale(LC_ALL, name), nullptr) << name; }
-  Locale(Locale&&) = delete;
   ~Locale() { std::setlocale(LC_ALL, before.c_str()); }
   S const before = std::setlocale(LC_ALL, nullptr);
 };
@@ -40,7 +39,6 @@ void setEnvironment(S const& supported, S const& file, S const& locale, S const&
 /// A file in a folder of the running test, removed at the end of the scope.
 struct TempFile {
   TempFile(S const& name, std::string_view bytes);
-  TempFile(TempFile&&) = delete;
   ~TempFile();
   S const path;
 };
