@@ -33,7 +33,7 @@ S formatMessage(S const& s, std::vector<S> const& values) {
   std::vector<Slot> slots;
   std::sregex_iterator m(s.begin(), s.end(), item, std::regex_constants::match_continuous), end;
   for (; m != end; ++m) {
-    S const number = m->str(1), letter = m->str().substr(m->length() - 1);
+    S const number = m->str(1), letter(1, m->str().back());
     bool const isText = m->length() == 1 || S("EXcdefgosux").find(letter) == S::npos;
     long long const most = INT_MAX, n = std::strtoll(number.c_str(), nullptr, 10);
     if (!isText) slots.emplace_back(number.empty() ? -1 : std::min(most, n), pieces.size());
