@@ -6,7 +6,7 @@
 #include "support/twins.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  return std::setlocale(LC_ALL, "C.UTF-8") == nullptr;
+  return std::setlocale(LC_ALL, "") == nullptr;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
