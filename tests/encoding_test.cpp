@@ -71,10 +71,10 @@ TEST(Encoding, Rows) {
 static void checkEncoding(unsigned code) {
   char wide[64];
   std::mbstate_t state{};
-  auto const length = std::wcrtomb(wide, static_cast<wchar_t>(code), &state);
+  auto length = std::wcrtomb(wide, static_cast<wchar_t>(code), &state);
+  if (std::mbsinit(&state) == 0) length = std::wcrtomb(wide, L'\0', &state) - 1;  // was held back
   S const result = transcode(EncodingLocale, EncodingUtf8, utf8(code));
-  bool const isHeldBack = std::mbsinit(&state) == 0;  // there is no answer for one code alone
-  ASSERT_TRUE(isHeldBack || result == (length == SIZE_MAX ? "-2" : S(wide, length))) << result;
+  ASSERT_EQ(result, length == SIZE_MAX ? "-2" : S(wide, length));
 }
 
 static void checkDecoding(S const& text) {
@@ -89,7 +89,9 @@ static void checkDecoding(S const& text) {
   }
   std::mbtowc(nullptr, text.c_str(), 1);  // a client may leave the runtime's own state anywhere
   S const result = transcode(EncodingUtf8, EncodingLocale, text);
-  bool const isDouble = isGood && result.starts_with("-1");  // one character for two codes
+  bool const mayBeDouble = S(std::setlocale(LC_CTYPE, nullptr)).find("BIG5") != S::npos;
+  bool const isDouble =
+      mayBeDouble && isGood && result.starts_with("-1");  // a character of two codes
   ASSERT_EQ(atr_encoding_validate(EncodingLocale, octets(text)), isGood);
   ASSERT_TRUE(isDouble || result == (isGood ? expected : "-1" + expected)) << result;
 }
@@ -102,8 +104,9 @@ static void checkCase(S const& text) {
     if (n == 1 && std::islower(octets(text)[i])) upper[i] = static_cast<char>(text[i] - 32);
     if (n == 1 && std::isupper(octets(text)[i])) lower[i] = static_cast<char>(text[i] + 32);
   }
-  ASSERT_EQ(textOf(Text(text.c_str(), 5).ToUpper()), upper);
-  ASSERT_EQ(textOf(Text(text.c_str(), 5).ToLower()), lower);
+  int const bytes = static_cast<int>(text.size());
+  ASSERT_EQ(textOf(Text(text.c_str(), bytes).ToUpper()), upper);
+  ASSERT_EQ(textOf(Text(text.c_str(), bytes).ToLower()), lower);
 }
 
 TEST(Locales, EveryCodeAndEveryPairOfBytes) {
@@ -113,7 +116,7 @@ TEST(Locales, EveryCodeAndEveryPairOfBytes) {
       S const pair{static_cast<char>(code >> 8), static_cast<char>(code)};
       checkEncoding(code);
       if (code > 0x100 && code < 0x10000 && code % 256 != 0)
-        checkDecoding(pair), checkCase("a" + pair + "Zz");
+        checkDecoding(pair), checkCase("a" + pair + S(70, 'b') + "Zz");
       EXPECT_FALSE(HasFailure()) << name << ' ' << code;
     }
   }

@@ -20,7 +20,8 @@ TEST_P(Twins, Agree) {
     std::vector<char> const exact(bytes.begin(), bytes.end());
     ASSERT_NO_THROW(run({exact.data(), exact.size()})) << bytes;
   };
-  for (char const* const locale : {"C", ATR_TEST_LATIN1, ATR_TEST_SJIS, ATR_TEST_ASCII_LETTERS}) {
+  for (char const* const locale :
+       {"C", ATR_TEST_LATIN1, ATR_TEST_SJIS, ATR_TEST_EUCJP, ATR_TEST_ASCII_LETTERS}) {
     Locale const set(locale);
     forEachText(pieces, longest, check);
     std::mt19937 random(1);

@@ -1,4 +1,5 @@
-// Characters one by one and, beside them, whole blocks in loops that the compiler makes vectors of.
+// Characters one by one and, beside them, whole blocks in loops that the compiler makes vectors of,
+// and runs by the runtime.
 #include "atr/encoding/fast_runs.h"
 
 #include <algorithm>
@@ -292,8 +293,14 @@ void widenToUtf8(TranscodingState& state, unsigned char const* end) {
   }
 }
 
-// In pieces that encodeRun takes, up to a code that the loop has to look at.
+// In pieces that encodeRun takes, up to a code that the loop has to look at. Where there is one
+// there are more: a pause keeps the runs that come to nothing few.
 void encodeUtf8(TranscodingState& state, unsigned char const* end) {
+  constexpr int kPause = 16;
+  if (state.pause > 0) {
+    --state.pause;
+    return;
+  }
   for (int given = platform::kRun, taken = given; given == platform::kRun && taken == given;) {
     unsigned int codes[platform::kRun];
     unsigned char const* starts[platform::kRun + 1] = {state.text};
@@ -313,6 +320,7 @@ void encodeUtf8(TranscodingState& state, unsigned char const* end) {
     state.text = starts[taken];
     state.total += bytes;
   }
+  state.pause = kPause;
 }
 
 void decodeToUtf8(TranscodingState& state, unsigned char const* end) {

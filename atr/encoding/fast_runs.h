@@ -12,6 +12,7 @@ struct TranscodingState {
   unsigned char const* text;  // next byte to read
   unsigned char* out;         // next byte to write; null while measuring
   std::size_t total;          // bytes of output
+  int pause = 0;              // characters that a run leaves to the loop, after one it had to
 };
 
 /// Moves `state` over as many characters before `end` as it is sure of.

@@ -27,8 +27,8 @@ std::FILE* openText(char const* path) noexcept;
 int readLine(char* line, int size, std::FILE* stream) noexcept;
 
 /// Codesets of the process locale that fast paths know by name. In those of `separate` each
-/// character stands for one code, whatever stands beside it. In none is a byte within a character
-/// white space.
+/// character stands for one code, whatever stands beside it. In none but `other` is a byte within
+/// a character white space.
 enum class Codeset { other, ascii, latin1, separate, utf8 };
 Codeset currentCodeset() noexcept;
 
@@ -48,7 +48,8 @@ constexpr std::size_t kCharacterRoom = 64;
 int encodeCharacter(char* out, unsigned int code) noexcept;
 
 constexpr int kRun = 32;  // codes that encodeRun and decodeRun take at most
-constexpr std::size_t kRunRoom = 8 * kRun;
+constexpr int kRunRoom =
+    3 * kRun;  // their bytes: no character of Codeset::separate has more than 3
 constexpr unsigned int kMaxRunCode = 0xFFFF;  // some beyond it the runtime drops
 
 /// Encodes codes[0] to codes[count - 1], each from 1 to kMaxRunCode, into `out`, which has kRunRoom

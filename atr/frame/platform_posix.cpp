@@ -112,9 +112,11 @@ std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept
   return 0;
 }
 
-// A character that the end cuts is taken into the state: then again, for a byte less.
+// The runtime measures all that it is shown. A character that the end cuts goes into its state:
+// then again, for a byte less, of three at the most.
 int decodeRun(unsigned int* codes, char const*& text, char const* end) noexcept {
   wchar_t wide[kRun];
+  if (end - text > kRunRoom) end = text + kRunRoom;
   for (int attempt = 0; attempt < 3 && text != end; ++attempt) {
     std::mbstate_t state{};
     char const* rest = text;

@@ -13,7 +13,7 @@ namespace atr {
 
 namespace {
 
-constexpr std::uint32_t kMaxProbes = 256;              // four times what honest keys take
+constexpr std::uint32_t kMaxProbes = 256;              // many times what honest keys take
 constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // the golden ratio's fraction
 
 std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {

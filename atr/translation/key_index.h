@@ -42,8 +42,8 @@ class KeyIndex {
 
   bool insert(TranslationTable const& table, int entry) noexcept;
 
-  // One block of mem_Calloc: a power of two of slots, of which three in four are free, so that most
-  // keys that are not there meet a free one at once; then the lengths of each entry.
+  // One block of mem_Calloc: a power of two of slots, of which three in four at least are free, so
+  // that most keys that are not there meet a free one at once; then the lengths of each entry.
   Slot* slots_ = nullptr;
   Lengths* lengths_ = nullptr;
   std::uint32_t mask_ = 0;

@@ -163,13 +163,17 @@ void dictionaries(std::string_view bytes) {
   std::fclose(file);
 }
 
-// Also behind and before others, as the fast runs take them by the block.
+// Also behind others, and before them or not, as the fast runs take them by the block.
 void encodings(std::string_view bytes) {
-  S mixed;
-  while (mixed.size() < 61) mixed += "\xC3\xA9 \xE3\x81\x82";
+  S fillers[] = {S(61, 'a'), "aa", ""};
+  while (fillers[2].size() < 61)
+    fillers[1] +=
+        "\xC3\xA9"
+        "a",
+        fillers[2] += "\xC3\xA9 \xE3\x81\x82";
   for (int mode = 0; mode < 64; ++mode) {
-    S const filler = mode < 32 ? "" : bytes.size() % 2 == 0 ? S(61, 'a') : mixed;
-    S const text = filler + upToNul(bytes) + filler;
+    S const filler = mode < 32 ? "" : fillers[bytes.size() % 3];
+    S const text = filler + upToNul(bytes) + (bytes.size() % 2 == 0 ? filler : "");
     int const target = mode % 4, source = mode / 4 % 4, substitute = mode / 16 % 2 * '?';
     int length = 0;
     S expected, failure;
@@ -298,11 +302,15 @@ void strings(std::string_view bytes) {
     auto const at = z(std::clamp(p, 0, static_cast<int>(m.size()))), count = z(std::max(n, 0));
     auto const start = z(std::clamp(from, 0, length));
     S const piece = other.substr(start, count);
+    require(static_cast<atr_String const&>(s)[p] == (z(p) < m.size() ? m[z(p)] : '\0'),
+            "character");
+    require(s.SubstrLength(p, n) == std::clamp(0LL + std::ssize(m) - p, 0LL + INT_MIN, 0LL + n),
+            "room");
     if (choice == 0) s = t, m = other;
     if (choice == 1) s.append(t.c_str(), length, from, n), m += piece;
     if (choice == 2) s.insert(p, t.c_str(), length, from, n), m.insert(at, piece);
     if (choice == 3) s.replace(p, 3, t.c_str(), length, from, n), m.replace(at, 3, piece);
-    if (choice == 4) s = "Seed Text", m = "Seed Text";
+    if (choice == 4) s = n > 2 ? "Seed Text" : nullptr, m = n > 2 ? "Seed Text" : "";
     if (choice == 5) s.Erase(p, n), m.erase(at, count);
     if (choice == 6) s = t.Substr(z(std::max(from, 0)), count), m = piece;
     if (choice == 7) s = s + t, m += other;
@@ -406,7 +414,7 @@ Twin const test::kTwins[12] = {
     {"exponents", exponents, {"e", "+", "0", "1", " "}, 6}, {"escapes", escapes, {"\\", "x", "0", "7", "8", "9", "f", "g", "n", "\xE9"}, 5},
     {"dictionaries", dictionaries, {"['", "'] = r'", "'", "\n", "\r\n", "\\n", "\\101", "\xC3\xA9", "a", "b"}, 3},
     {"encodings", encodings, {"a", "\xC1\xBF", "\xE0\x9F\x80", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xED\xA0\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
-                             "\xF4\x90\x80\x80", "\xC3", "\xC4\x80", "\xE3\x81", "\x81", "\xFF"}, 3},
+                             "\xF4\x90\x80\x80", "\x8F\xB0\xA1", "\xC0\x80", "\xC3", "\xC4\x80", "\xE3\x81", "\x81", "\xFF"}, 3},
     {"lines", lines, {"a", " ", "\n", "\x83", "\x5C", "wwwwwww"}, 5}, {"orders", orders, {"0", "9", "a", "|", "\xE9"}, 7},
     {"searches", searches, {"a", "b", "|", "aaaaaaa"}, 7}, {"strings", strings, {}, 0}, {"pools", pools, {}, 0}};
 // clang-format on
