@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstring>
 #include <functional>
+#include <memory>
 #include <new>
 
 #include "atr/strings/body_room.h"
@@ -33,6 +34,10 @@ struct Blocks {
   char* body;
 };
 
+struct DeleteBlock {
+  void operator()(void* block) const noexcept { ::operator delete(block); }
+};
+
 // Reports nothing: what happens to the blocks is not known until they are all there.
 Blocks takeBlocks(int capacity, int length) {
   int const size = bodySize(checkedLength(capacity));
@@ -41,13 +46,9 @@ Blocks takeBlocks(int capacity, int length) {
     auto* const rep = new (block) atr_StringRep{1, size, length};
     return {rep, bodyBehind(rep)};
   }
-  void* const header = ::operator new(kHeaderBytes);
-  void* const body = ::operator new(static_cast<std::size_t>(size), std::nothrow);
-  if (body == nullptr) {
-    ::operator delete(header);
-    throw std::bad_alloc();
-  }
-  return {new (header) atr_StringRep{1, size, length}, static_cast<char*>(body)};
+  std::unique_ptr<void, DeleteBlock> header(::operator new(kHeaderBytes));
+  auto* const body = static_cast<char*>(::operator new(static_cast<std::size_t>(size)));
+  return {new (header.release()) atr_StringRep{1, size, length}, body};
 }
 
 void reportCreated(int inlineSize) noexcept {
