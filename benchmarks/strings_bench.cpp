@@ -163,16 +163,16 @@ void wholeTexts() {
 // made beforehand.
 template <class Take, class Give>
 void churn(std::vector<void*>& slots, Take take, Give give) {
-  static std::vector<std::size_t> const order = [] {
+  static std::vector<std::uint16_t> const order = [] {
     std::mt19937 random(1);
-    std::vector<std::size_t> places(100 * 128);
-    for (auto& place : places) place = random() % 1500;
+    std::vector<std::uint16_t> places(100 * 128);
+    for (auto& place : places) place = static_cast<std::uint16_t>(random() % 1500);
     return places;
   }();
   static std::size_t turn = 0;
   turn = (turn + 100) % order.size();
   for (std::size_t i = turn; i < turn + 100; ++i) {
-    auto const at = order[i];
+    std::size_t const at = order[i];
     int const c = static_cast<int>(at % 4);
     if (slots[at] != nullptr) give(slots[at], c);
     slots[at] = take(c);
