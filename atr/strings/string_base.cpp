@@ -38,17 +38,20 @@ struct DeleteBlock {
   void operator()(void* block) const noexcept { ::operator delete(block); }
 };
 
-// Reports nothing: what happens to the blocks is not known until they are all there.
-Blocks takeBlocks(int capacity, int length) {
-  int const size = bodySize(checkedLength(capacity));
-  if (fitsInline(capacity)) {
-    void* const block = ::operator new(static_cast<std::size_t>(size) + kHeaderBytes);
-    auto* const rep = new (block) atr_StringRep{1, size, length};
-    return {rep, bodyBehind(rep)};
-  }
+// Apart, so that the short texts do not pay for its guard.
+[[gnu::noinline]] Blocks takeTwoBlocks(int size, int length) {
   std::unique_ptr<void, DeleteBlock> header(::operator new(kHeaderBytes));
   auto* const body = static_cast<char*>(::operator new(static_cast<std::size_t>(size)));
   return {new (header.release()) atr_StringRep{1, size, length}, body};
+}
+
+// Reports nothing: what happens to the blocks is not known until they are all there.
+Blocks takeBlocks(int capacity, int length) {
+  int const size = bodySize(checkedLength(capacity));
+  if (!fitsInline(capacity)) return takeTwoBlocks(size, length);
+  void* const block = ::operator new(static_cast<std::size_t>(size) + kHeaderBytes);
+  auto* const rep = new (block) atr_StringRep{1, size, length};
+  return {rep, bodyBehind(rep)};
 }
 
 void reportCreated(int inlineSize) noexcept {
