@@ -7,8 +7,6 @@
 
 using namespace test;
 
-using Work = std::pair<char const*, std::function<void()>>;
-
 static double secondsOf(std::function<void(int)> const& work, int size) {
   auto const now = std::chrono::steady_clock::now;
   std::chrono::duration<double> best = std::chrono::hours(1);
@@ -44,7 +42,7 @@ static void runEachWithoutMemory() {
         atr_SubstituteFormat(message, position, value);
       };
       // clang-format off
-      Work const all[] = {
+      std::pair<char const*, std::function<void()>> const all[] = {
           {"Substr", [&] { s.Substr(1, 100); }}, {"extract", [&] { s.extract(1, ' '), s.extract(1, ' ', 'w'); }},
           {"+", [&] { s + s; }}, {"BreakLineString", [&] { atr_String::BreakLineString(s, 10); }},
           {"AddLineBreaks", [&] { atr_String::AddLineBreaks(s, 10, false); }},

@@ -9,16 +9,14 @@ TEST(Frame, StartsNestAndReport) {
     setVariable("ATR_SUMMARY", variable);
     setVariable("ZLT_USE_NATURAL_ORDER_SORT", variable);
     int count = 5;
-    S steps = picture(atr_getNaturalOrder(), "");
+    S steps = picture(atr_getNaturalOrder(), "| ");
     for (char const step : "++--+-"s) {
       step == '+' ? atr_initialize(count) : atr_finalize(count);
       auto const [starts, stops, blocks] = mem_status();
-      for (int const digit : {count, starts, stops, atr_repPool ? 1 : 0, atr_bodyPool ? 1 : 0,
-                              atr_summary ? 1 : 0, atr_getNaturalOrder()})
-        steps += std::to_string(digit);
-      steps += ' ';
+      steps += picture(count, starts, stops, atr_repPool != nullptr, atr_bodyPool != nullptr,
+                       atr_summary != nullptr, atr_getNaturalOrder(), "| ");
       setVariable("ATR_SUMMARY", "-");  // which the next start sees
-      if (steps.size() > 12) continue;
+      if (steps.size() > 24) continue;
       atr_setNaturalOrder(7);
       atr_String const a("0123456789"), share(a);  // 20 bytes, 10 of text
       atr_String b(S(300, 'x').c_str()), d("0123456789");
@@ -29,12 +27,16 @@ TEST(Frame, StartsNestAndReport) {
     }
     EXPECT_EQ(steps, expected);
   };
-  EXPECT_FRESH("^$", run("-", "0 6101101 6101107 6101107 5110007 6211101 5220001 "));
+  EXPECT_FRESH("^$", run("-",
+                         "0 | 6 1 0 1 1 0 1 | 6 1 0 1 1 0 7 | 6 1 0 1 1 0 7 | 5 1 1 0 0 0 7 | 6 2 "
+                         "1 1 1 0 1 | 5 2 2 0 0 0 1 | "));
   EXPECT_FRESH(
       "^ +3 Reps Created\n +4 Strings Created\n +2 Extension Failures\n +0 Active\n"
       " +0 Bytes in use\n +5 Maximum active\n +136 Maximum bytes in use\n"
       " +32.5 Mean length\n +39.0 Sigma length\n +19.5 Mean spare\n +13.2 Sigma spare\n$",
-      run("x", "0 6101110 6101117 6101117 5110007 6211100 5220000 "));
+      run("x",
+          "0 | 6 1 0 1 1 1 0 | 6 1 0 1 1 1 7 | 6 1 0 1 1 1 7 | 5 1 1 0 0 0 7 | 6 2 1 1 1 0 0 | 5 2 "
+          "2 0 0 0 0 | "));
 }
 
 TEST(Pool, Rows) {

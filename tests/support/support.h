@@ -45,8 +45,7 @@ struct TempFile {
 S tempFolder();
 
 struct Allocations {
-  int taken;              // blocks
-  int freed;              // blocks, null not counted
+  int taken, freed;       // blocks, null not counted
   std::size_t lastBytes;  // of the last block taken
 };
 
