@@ -5,9 +5,7 @@
 
 #include "support/twins.h"
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  return std::setlocale(LC_ALL, "") == nullptr;
-}
+extern "C" int LLVMFuzzerInitialize(int*, char***) { return std::setlocale(LC_ALL, "") == nullptr; }
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   for (test::Twin const& twin : test::kTwins)
