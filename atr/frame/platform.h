@@ -47,9 +47,10 @@ constexpr std::size_t kCharacterRoom = 64;
 /// negative, with `out` undefined, if the locale has no such character. Keeps no shift state.
 int encodeCharacter(char* out, unsigned int code) noexcept;
 
-constexpr int kRun = 32;  // codes that encodeRun and decodeRun take at most
-constexpr int kRunRoom =
-    3 * kRun;  // their bytes: no character of Codeset::separate has more than 3
+/// Codes that encodeRun and decodeRun take at most, and room for their bytes: no character of
+/// Codeset::separate has more than three.
+constexpr int kRun = 32;
+constexpr int kRunRoom = 3 * kRun;
 constexpr unsigned int kMaxRunCode = 0xFFFF;  // some beyond it the runtime drops
 
 /// Encodes codes[0] to codes[count - 1], each from 1 to kMaxRunCode, into `out`, which has kRunRoom
