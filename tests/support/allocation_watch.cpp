@@ -3,15 +3,11 @@
 
 #include "support/support.h"
 
-namespace {
+static test::Allocations watched = {0, 0, 0};
+static int failAfter = -1;
+static bool hasStruck = false;
 
-test::Allocations watched = {0, 0, 0};
-int failAfter = -1;
-bool hasStruck = false;
-
-bool strikes() noexcept { return failAfter >= 0 && failAfter-- == 0 && (hasStruck = true); }
-
-}  // namespace
+static bool strikes() noexcept { return failAfter >= 0 && failAfter-- == 0 && (hasStruck = true); }
 
 test::Allocations test::allocations() noexcept { return watched; }
 void test::failAllocation(int others) noexcept { failAfter = others, hasStruck = false; }
