@@ -88,8 +88,8 @@ FastRun fastRunBetween(int target, int source) noexcept {
   if (isUtf8(source) && isSingleByte(target, codeset)) return narrowUtf8;
   if (isSingleByte(source, codeset) && isUtf8(target)) return widenToUtf8;
   if (codeset != platform::Codeset::separate) return nullptr;
-  if (source == EncodingUtf8 && target == EncodingLocale) return encodeUtf8;
-  if (source == EncodingLocale && target == EncodingUtf8) return decodeToUtf8;
+  if (source == EncodingUtf8 && target == EncodingLocale) return encodeByRuns;
+  if (source == EncodingLocale && target == EncodingUtf8) return decodeByRuns;
   return nullptr;
 }
 
@@ -295,7 +295,7 @@ void widenToUtf8(TranscodingState& state, unsigned char const* end) {
 
 // In pieces that encodeRun takes, up to a code that the loop has to look at. Where there is one
 // there are more: a pause keeps the runs that come to nothing few.
-void encodeUtf8(TranscodingState& state, unsigned char const* end) {
+void encodeByRuns(TranscodingState& state, unsigned char const* end) {
   constexpr int kPause = 16;
   if (state.pause > 0) {
     --state.pause;
@@ -323,7 +323,7 @@ void encodeUtf8(TranscodingState& state, unsigned char const* end) {
   state.pause = kPause;
 }
 
-void decodeToUtf8(TranscodingState& state, unsigned char const* end) {
+void decodeByRuns(TranscodingState& state, unsigned char const* end) {
   for (int count = platform::kRun; count == platform::kRun;) {
     unsigned int codes[platform::kRun];
     auto const* text = reinterpret_cast<char const*>(state.text);

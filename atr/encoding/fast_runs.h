@@ -31,10 +31,10 @@ void narrowUtf8(TranscodingState& state, unsigned char const* end);
 void widenToUtf8(TranscodingState& state, unsigned char const* end);
 
 /// UTF-8 to a locale of platform::Codeset::separate, many characters by one call of the runtime.
-void encodeUtf8(TranscodingState& state, unsigned char const* end);
+void encodeByRuns(TranscodingState& state, unsigned char const* end);
 
 /// From such a locale to UTF-8, likewise.
-void decodeToUtf8(TranscodingState& state, unsigned char const* end);
+void decodeByRuns(TranscodingState& state, unsigned char const* end);
 
 /// A character in [p, end) at `until` or behind it, or the first before it that is not strict
 /// UTF-8, of which every UTF-8 takes the same: shortest forms, no surrogates, up to U+10FFFF.
