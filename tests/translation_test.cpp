@@ -3,6 +3,7 @@
 
 #include "atr/frame/platform.h"
 #include "atr/translation/key_index.h"
+#include "atr/translation/line_reader.h"
 #include "atr/translation/message_lookup.h"
 #include "support/support.h"
 
@@ -47,6 +48,40 @@ TEST(Translation, DictionaryRows) {
   // clang-format on
   Locale const locale(ATR_TEST_LATIN1);
   for (auto const& [what, bytes, result] : rows) EXPECT_EQ(read(bytes), result) << what;
+}
+
+// Lines and their pieces, over many buffers and twice, beside a cut of the whole text.
+TEST(Translation, Lines) {
+  std::mt19937 random(3);
+  for (int n = 0; n < 60; ++n) {
+    S text;
+    for (unsigned const longest = n % 2 == 0 ? 90 : 12000; random() % 40 != 0;) {
+      char const* const ends[] = {"\n", "\r\n", "\r", "\r\r\n", "\n\n"};
+      text += S(random() % 9 == 0 ? 8190 : random() % longest, 'x') + ends[random() % 5];
+      if (n % 3 == 0) text += '\0';
+    }
+    TempFile const file("lines", text);
+    std::FILE* const stream = atr::platform::openText(file.path.c_str());
+    bool const areJoined = atr::platform::joinsLineEnds;
+    for (std::size_t at = 0; areJoined && (at = text.find("\r\n", at)) != text.npos;)
+      text.erase(at, 1);
+    atr::LineReader lines(stream);
+    for (int pass = 0; pass < 2; ++pass, lines.rewind()) {
+      std::ptrdiff_t bytes = 0;
+      for (std::size_t at = 0; at < text.size();) {
+        S line = text.substr(at, std::min<std::size_t>(8191, text.find('\n', at) - at + 1));
+        at += line.size();
+        if (!areJoined && line.ends_with("\r\n")) line.replace(line.size() - 2, 2, "\n");
+        if (!areJoined && line.size() == 8191 && line.back() == '\r' && text[at] == '\n')
+          line.back() = text[at++];
+        char const* const got = lines.next(bytes);
+        ASSERT_STREQ(got, line.c_str()) << at;
+        ASSERT_EQ(static_cast<std::size_t>(bytes), std::strlen(got));
+      }
+      ASSERT_EQ(lines.next(bytes), nullptr);
+    }
+    std::fclose(stream);
+  }
 }
 
 TEST(Translation, DictionaryInOtherEncodings) {

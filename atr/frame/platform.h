@@ -22,9 +22,8 @@ void publishVariable(char* nameAndValue) noexcept;
 /// not opening, and none of them blocks.
 std::FILE* openText(char const* path) noexcept;
 
-/// Reads a line as fgets does, with a line end of CR LF read as LF.
-/// @return the bytes up to the first NUL, or -1 at the end of the file.
-int readLine(char* line, int size, std::FILE* stream) noexcept;
+/// Whether a line end of CR LF in such a file arrives as LF.
+extern bool const joinsLineEnds;
 
 /// Codesets of the process locale that fast paths know by name. In those of `separate` each
 /// character stands for one code, whatever stands beside it. In none but `other` is a byte within

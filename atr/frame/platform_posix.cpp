@@ -38,22 +38,7 @@ std::FILE* openText(char const* path) noexcept {
 
 // The pair may straddle the buffer's end: there the CR is the buffer's last byte, and the LF is
 // still to come.
-int readLine(char* line, int size, std::FILE* stream) noexcept {
-  if (std::fgets(line, size, stream) == nullptr) return -1;
-  auto length = static_cast<int>(std::strlen(line));
-  if (length >= 2 && line[length - 1] == '\n' && line[length - 2] == '\r') {
-    line[length - 2] = '\n';
-    line[--length] = '\0';
-  } else if (length + 1 == size && line[length - 1] == '\r') {
-    int const next = std::getc(stream);
-    if (next == '\n') {
-      line[length - 1] = '\n';
-    } else if (next != EOF) {
-      std::ungetc(next, stream);
-    }
-  }
-  return length;
-}
+bool const joinsLineEnds = false;
 
 Codeset currentCodeset() noexcept {
   char const* const name = nl_langinfo(CODESET);

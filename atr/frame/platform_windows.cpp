@@ -31,10 +31,7 @@ std::FILE* openText(char const* path) noexcept {
   return nullptr;
 }
 
-// Text mode has turned every CR LF into an LF.
-int readLine(char* line, int size, std::FILE* stream) noexcept {
-  return std::fgets(line, size, stream) != nullptr ? static_cast<int>(std::strlen(line)) : -1;
-}
+bool const joinsLineEnds = true;  // by text mode
 
 // No code page is known by name: each has its own ways with bytes that are no character.
 Codeset currentCodeset() noexcept { return Codeset::other; }

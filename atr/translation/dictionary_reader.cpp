@@ -12,6 +12,7 @@
 #include "atr/encoding/transcoding.h"
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
+#include "atr/translation/line_reader.h"
 #include "atr/translation/translation_table.h"
 
 using namespace atr;
@@ -20,9 +21,8 @@ namespace {
 
 using Block = std::unique_ptr<char, MemoryRelease>;
 
-constexpr int kLineRoom = 8192;  // bytes of a line and its NUL; a longer line comes in pieces
 constexpr char kMarker[] = "'] = r'";
-constexpr std::size_t kMarkerBytes = sizeof kMarker - 1;
+constexpr std::ptrdiff_t kMarkerBytes = sizeof kMarker - 1;
 constexpr int kClosingBytes = 2;  // a quote and a newline, whatever they really are
 constexpr char kSubstitute = '?';
 
@@ -34,14 +34,23 @@ struct EntryLine {
   int valueBytes;
 };
 
-bool findEntry(char* line, int bytes, EntryLine& entry) noexcept {
-  char* const marker = std::strstr(line, kMarker);
-  if (marker == nullptr) return false;
-  entry.key = std::strchr(line, '\'') + 1;
-  entry.keyBytes = static_cast<int>(marker - entry.key);
-  entry.value = marker + kMarkerBytes;
-  entry.valueBytes = static_cast<int>(line + bytes - entry.value);
-  return true;
+char* findQuote(char* p, char const* end) noexcept {
+  return static_cast<char*>(std::memchr(p, '\'', static_cast<std::size_t>(end - p)));
+}
+
+bool findEntry(char* line, std::ptrdiff_t bytes, EntryLine& entry) noexcept {
+  char* const end = line + bytes;
+  char* const firstQuote = findQuote(line, end);
+  for (char* quote = firstQuote; quote != nullptr && end - quote >= kMarkerBytes;
+       quote = findQuote(quote + 1, end)) {
+    if (std::memcmp(quote, kMarker, kMarkerBytes) != 0) continue;
+    entry.key = firstQuote + 1;
+    entry.keyBytes = static_cast<int>(quote - entry.key);
+    entry.value = quote + kMarkerBytes;
+    entry.valueBytes = static_cast<int>(end - entry.value);
+    return true;
+  }
+  return false;
 }
 
 void cutClosing(EntryLine& entry) noexcept {
@@ -63,14 +72,17 @@ int measure(char const* value, char substitute) noexcept {
   return atr_utf8_to_encoding(EncodingLocale, nullptr, asBytes(value), substitute);
 }
 
-std::size_t countEntries(std::FILE* stream, char* line) noexcept {
+// What is strict is what most texts are, and is seen at once.
+bool isUtf8(EntryLine const& line) noexcept {
+  return isStrictUtf8(line) || atr_encoding_validate(EncodingUtf8, asBytes(line.value));
+}
+
+std::size_t countEntries(LineReader& lines) noexcept {
   std::size_t count = 0;
   EntryLine entry;
-  for (int bytes = 0; (bytes = platform::readLine(line, kLineRoom, stream)) >= 0;) {
-    if (findEntry(line, bytes, entry) &&
-        atr_encoding_validate(EncodingUtf8, asBytes(entry.value))) {
-      ++count;
-    }
+  std::ptrdiff_t bytes = 0;
+  while (char* const line = lines.next(bytes)) {
+    if (findEntry(line, bytes, entry) && isUtf8(entry)) ++count;
   }
   return count;
 }
@@ -97,15 +109,15 @@ bool warnsOfEncoding() noexcept {
   return flag == Flag::on;
 }
 
-bool hasEscapes(EntryLine const& line) noexcept {
-  return std::memchr(line.value, '\\', static_cast<std::size_t>(line.valueBytes)) != nullptr;
+bool hasBackslash(char const* begin, char const* end) noexcept {
+  return std::memchr(begin, '\\', static_cast<std::size_t>(end - begin)) != nullptr;
 }
 
 // The value is judged before and after its escapes are decoded. Without escapes the first measure
 // stands; with them the text is measured again, so that its block is as large as what is written.
 Block convertValue(EntryLine const& line, int measured, bool warns) noexcept {
   int bytes = measured;
-  bool const isEscaped = hasEscapes(line);
+  bool const isEscaped = hasBackslash(line.value, line.value + line.valueBytes);
   if (isEscaped) atr_trDecodeEscapes(line.value);
   if (warns && measure(line.value, 0) == -2) atr_trWarnEncoding(line.key, line.keyBytes);
   if (isEscaped) bytes = measure(line.value, kSubstitute);
@@ -121,17 +133,13 @@ Block convertValue(EntryLine const& line, int measured, bool warns) noexcept {
   return text;
 }
 
-// Strict UTF-8 without escapes is what a UTF-8 locale makes of it.
-bool staysAsItIs(EntryLine const& line) noexcept {
-  return platform::currentCodeset() == platform::Codeset::utf8 && isStrictUtf8(line) &&
-         !hasEscapes(line);
-}
-
 // Takes the entry over unless it is bad, there is no memory for it, or the array is full. The first
 // entry that is not bad fixes the site's answer, whatever its value.
-void storeEntry(EntryLine& line, int capacity) noexcept {
+void storeEntry(EntryLine& line, int capacity, platform::Codeset codeset) noexcept {
   cutClosing(line);
-  bool const staysSo = staysAsItIs(line);
+  // Strict UTF-8 without escapes is what a UTF-8 locale makes of it.
+  bool const mayHaveEscapes = hasBackslash(line.key, line.value + line.valueBytes);
+  bool const staysSo = codeset == platform::Codeset::utf8 && !mayHaveEscapes && isStrictUtf8(line);
   int const measured = staysSo ? line.valueBytes : measure(line.value, kSubstitute);
   if (measured < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);
@@ -141,7 +149,7 @@ void storeEntry(EntryLine& line, int capacity) noexcept {
   Block key = copyOf(line.key, line.keyBytes);
   Block text = staysSo ? copyOf(line.value, measured) : convertValue(line, measured, warns);
   if (key == nullptr || text == nullptr || atr_trTable.count == capacity) return;
-  atr_trDecodeEscapes(key.get());
+  if (mayHaveEscapes) atr_trDecodeEscapes(key.get());
   atr_trTable.entries[atr_trTable.count++] = {key.release(), text.release()};
 }
 
@@ -152,17 +160,19 @@ void warn(char const* text, char const* key, int length) noexcept {
 }  // namespace
 
 void atr_trReadDictionary(std::FILE* stream) noexcept {
-  char line[kLineRoom];
-  std::size_t const counted = std::min<std::size_t>(countEntries(stream, line), INT_MAX);
+  LineReader lines(stream);
+  std::size_t const counted = std::min<std::size_t>(countEntries(lines), INT_MAX);
   if (counted == 0) return;
   atr_trTable.entries =
       static_cast<TranslationEntry*>(mem_Calloc(counted, sizeof(TranslationEntry)));
   if (atr_trTable.entries == nullptr) return;
-  std::rewind(stream);
+  lines.rewind();
+  platform::Codeset const codeset = platform::currentCodeset();
   EntryLine entry;
-  for (int bytes = 0; (bytes = platform::readLine(line, kLineRoom, stream)) >= 0;) {
+  std::ptrdiff_t bytes = 0;
+  while (char* const line = lines.next(bytes)) {
     if (findEntry(line, bytes, entry) && entry.keyBytes >= 0) {
-      storeEntry(entry, static_cast<int>(counted));
+      storeEntry(entry, static_cast<int>(counted), codeset);
     }
   }
 }

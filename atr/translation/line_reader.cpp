@@ -1,0 +1,69 @@
+// What of a line is at the end of the buffer moves to its front before the file is read on.
+#include "atr/translation/line_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "atr/frame/platform.h"
+
+namespace atr {
+
+void LineReader::start() noexcept {
+  begin_ = end_ = nul_ = buffer_;
+  behind_ = *nul_ = '\0';
+  isAtEnd_ = hasNul_ = false;
+}
+
+void LineReader::rewind() noexcept {
+  std::rewind(stream_);
+  start();
+}
+
+char* LineReader::findNewline() const noexcept {
+  return static_cast<char*>(
+      std::memchr(begin_, '\n', static_cast<std::size_t>(std::min(end_ - begin_, kMaxLine))));
+}
+
+void LineReader::refill() noexcept {
+  auto const left = static_cast<std::size_t>(end_ - begin_);
+  std::memmove(buffer_, begin_, left);
+  std::size_t const bytes = std::fread(buffer_ + left, 1, kRoom - left, stream_);
+  isAtEnd_ = bytes < kRoom - left;
+  begin_ = buffer_;
+  end_ = buffer_ + left + bytes;
+  *end_ = '\0';
+  hasNul_ = std::memchr(buffer_, '\0', left + bytes) != nullptr;
+}
+
+// Makes one of CR LF, of which a piece may end in between, and answers where the line ends now.
+char* LineReader::joinLineEnd(char const* line, char* end) noexcept {
+  bool const isCut = end - line == kMaxLine && end != end_ && *end == '\n';
+  bool const isWhole = end - line >= 2 && end[-1] == '\n';
+  char* const pair = end - (isWhole ? 2 : 1);
+  if ((!isWhole && !isCut) || *pair != '\r') return end;
+  *pair = '\n';
+  begin_ = pair + 2;
+  return pair + 1;
+}
+
+char* LineReader::next(std::ptrdiff_t& bytes) noexcept {
+  *nul_ = behind_;
+  char* newline = findNewline();
+  if (newline == nullptr && end_ - begin_ <= kMaxLine && !isAtEnd_) {
+    refill();
+    newline = findNewline();
+  }
+  if (newline == nullptr && end_ - begin_ < kMaxLine &&
+      (begin_ == end_ || std::ferror(stream_) != 0)) {
+    return nullptr;
+  }
+  char* const line = begin_;
+  begin_ = newline != nullptr ? newline + 1 : line + std::min(end_ - line, kMaxLine);
+  nul_ = platform::joinsLineEnds ? begin_ : joinLineEnd(line, begin_);
+  behind_ = *nul_;
+  *nul_ = '\0';
+  bytes = hasNul_ ? static_cast<std::ptrdiff_t>(std::strlen(line)) : nul_ - line;
+  return line;
+}
+
+}  // namespace atr
