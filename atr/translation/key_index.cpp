@@ -44,16 +44,17 @@ std::uint32_t hashOf(std::string_view key) noexcept {
   return static_cast<std::uint32_t>(mixed(mixed(even, odd), 0) >> 32);
 }
 
-bool KeyIndex::insert(TranslationTable const& table, int entry) noexcept {
-  std::string_view const key = table.entries[entry].key;
+bool KeyIndex::insert(int at) noexcept {
+  Record& record = records_[at];
+  std::string_view const key = record.entry.key;
+  record.keyBytes = static_cast<int>(key.size());
+  record.textBytes = static_cast<int>(std::strlen(record.entry.text));
   std::uint32_t const hash = hashOf(key);
-  lengths_[entry] = {static_cast<int>(key.size()),
-                     static_cast<int>(std::strlen(table.entries[entry].text))};
   for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
     Slot& slot = slots_[(hash + probe) & mask_];
-    bool const isFree = slot.entry == 0;
-    if (isFree || (slot.hash == hash && table.entries[slot.entry - 1].key == key)) {
-      slot = {hash, entry + 1};
+    bool const isFree = slot.record == 0;
+    if (isFree || (slot.hash == hash && records_[slot.record - 1].key() == key)) {
+      slot = {hash, at + 1};
       return true;
     }
   }
@@ -65,13 +66,14 @@ void KeyIndex::build(TranslationTable const& table) noexcept {
   if (table.count <= 0) return;
   auto const count = static_cast<std::size_t>(table.count);
   std::size_t const slots = std::bit_ceil(4 * count);
-  slots_ = static_cast<Slot*>(mem_Calloc(slots + count, sizeof(Slot)));
+  slots_ = static_cast<Slot*>(mem_Calloc(slots + 3 * count, sizeof(Slot)));
   if (slots_ == nullptr) return;
-  static_assert(sizeof(Lengths) == sizeof(Slot));
-  lengths_ = reinterpret_cast<Lengths*>(slots_ + slots);
+  static_assert(sizeof(Record) == 3 * sizeof(Slot));
+  records_ = reinterpret_cast<Record*>(slots_ + slots);
   mask_ = static_cast<std::uint32_t>(slots - 1);
   for (int i = 0; i < table.count; ++i) {
-    if (!insert(table, i)) return clear();
+    records_[i].entry = table.entries[i];
+    if (!insert(i)) return clear();
   }
 }
 
@@ -80,17 +82,15 @@ void KeyIndex::clear() noexcept {
   slots_ = nullptr;
 }
 
-std::string_view KeyIndex::find(TranslationTable const& table,
-                                std::string_view key) const noexcept {
+std::string_view KeyIndex::find(std::string_view key) const noexcept {
   std::uint32_t const hash = hashOf(key);
   for (std::uint32_t probe = 0; probe < kMaxProbes; ++probe) {
     Slot const& slot = slots_[(hash + probe) & mask_];
-    if (slot.entry == 0) break;
+    if (slot.record == 0) break;
     if (slot.hash != hash) continue;
-    TranslationEntry const& entry = table.entries[slot.entry - 1];
-    Lengths const& bytes = lengths_[slot.entry - 1];
-    if (key == std::string_view(entry.key, static_cast<std::size_t>(bytes.key))) {
-      return {entry.text, static_cast<std::size_t>(bytes.text)};
+    Record const& record = records_[slot.record - 1];
+    if (record.key() == key) {
+      return {record.entry.text, static_cast<std::size_t>(record.textBytes)};
     }
   }
   return {};

@@ -13,11 +13,12 @@ namespace atr {
 /// The hash of a key. Equal keys have equal ones.
 std::uint32_t hashOf(std::string_view key) noexcept;
 
-/// The index of a table that stands. It is optional: without memory, or for keys made to collide,
-/// it stays empty, and the table is searched.
+/// An index of a table's entries, which may be sorted behind it. It is optional: without memory, or
+/// for keys made to collide, it stays empty, and the table is searched.
 class KeyIndex {
  public:
-  /// Indexes a sorted table; of equal keys the last.
+  /// Indexes the entries; of equal keys the last. Their texts must stand until the index is
+  /// cleared.
   void build(TranslationTable const& table) noexcept;
 
   /// Gives the index back.
@@ -25,27 +26,33 @@ class KeyIndex {
 
   bool isEmpty() const noexcept { return slots_ == nullptr; }
 
-  /// The text of `key`, or a view of null. @pre not empty, and `table` is the one that was indexed.
-  std::string_view find(TranslationTable const& table, std::string_view key) const noexcept;
+  /// The text of `key`, or a view of null. @pre not empty.
+  std::string_view find(std::string_view key) const noexcept;
 
  private:
   struct Slot {
     std::uint32_t hash;
-    int entry;  // 0 for a free slot, else its place, from 1
+    int record;  // 0 for a free slot, else its place, from 1
   };
 
-  // In bytes, measured once.
-  struct Lengths {
-    int key;
-    int text;
+  // An entry and its lengths, all that a lookup reads, side by side.
+  struct Record {
+    std::string_view key() const noexcept {
+      return {entry.key, static_cast<std::size_t>(keyBytes)};
+    }
+
+    TranslationEntry entry;
+    int keyBytes;
+    int textBytes;
   };
 
-  bool insert(TranslationTable const& table, int entry) noexcept;
+  bool insert(int at) noexcept;
 
   // One block of mem_Calloc: a power of two of slots, of which three in four at least are free, so
-  // that most keys that are not there meet a free one at once; then the lengths of each entry.
+  // that most keys that are not there meet a free one at once; then the records, in the order that
+  // the entries had.
   Slot* slots_ = nullptr;
-  Lengths* lengths_ = nullptr;
+  Record* records_ = nullptr;
   std::uint32_t mask_ = 0;
 };
 

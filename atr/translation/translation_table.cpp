@@ -29,9 +29,9 @@ static void sortByComparing() noexcept {
 }
 
 void atr_trSort() noexcept {
+  keyIndex.build(atr_trTable);
   bool const isLarge = atr_trTable.count >= kFewEntries;
   if (!isLarge || !sortByPrefixes(atr_trTable.entries, atr_trTable.count)) sortByComparing();
-  keyIndex.build(atr_trTable);
 }
 
 static std::string_view findByHalves(char const* key) noexcept {
@@ -52,7 +52,7 @@ static std::string_view findByHalves(char const* key) noexcept {
 }
 
 std::string_view atr_trFind(std::string_view key) noexcept {
-  return keyIndex.isEmpty() ? findByHalves(key.data()) : keyIndex.find(atr_trTable, key);
+  return keyIndex.isEmpty() ? findByHalves(key.data()) : keyIndex.find(key);
 }
 
 void atr_trReleaseDB() {
