@@ -1,4 +1,7 @@
 // Start and stop: the pools they make, the summary and the natural order that they switch.
+#include <random>
+
+#include "atr/frame/byte_filter.h"
 #include "atr/strings/string_module.h"
 #include "support/support.h"
 
@@ -53,5 +56,24 @@ TEST(Pool, Rows) {
     EXPECT_EQ(allocations().taken, before);
     EXPECT_EQ(pool.Allocate(last) != nullptr, last >= 0) << unitBytes;
     EXPECT_TRUE(last < 0 || allocations().lastBytes == block) << unitBytes;
+  }
+}
+
+// In place, over every byte and about where vectors end; the text alone is written to.
+TEST(Frame, ByteFilter) {
+  std::mt19937 random(2);
+  for (int n = 0; n < 3000; ++n) {
+    S set(random() % 40, '\0'), text(random() % 70, '\0');
+    for (char& c : set) c = static_cast<char>(random() | 1U);
+    for (char& c : text) c = static_cast<char>(random() % (n % 2 == 0 ? 256 : 8));
+    S kept = text, byWords = text + "!", byVectors = byWords;
+    std::erase_if(kept, [&](char c) { return set.find(c) != set.npos; });
+    atr::ByteFilter const filter(set.c_str());
+    char *words = byWords.data(), *vectors = byVectors.data();
+    auto const bytes = static_cast<std::ptrdiff_t>(text.size());
+    EXPECT_EQ(S(words, filter.copyByWords(words, words, words + bytes)), kept);
+    EXPECT_EQ(S(vectors, filter.copy(vectors, vectors, vectors + bytes)), kept);
+    EXPECT_EQ(byWords.back(), '!');
+    EXPECT_EQ(byVectors.back(), '!');
   }
 }

@@ -1,13 +1,13 @@
 // Search, trimming, case. These take a text as ended by its first NUL; but for the case operations
 // they work on bytes.
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cassert>
 #include <climits>
 #include <cstdint>
 #include <cstring>
 
+#include "atr/frame/byte_filter.h"
 #include "atr/frame/character_step.h"
 #include "atr/frame/platform.h"
 #include "atr/frame/wide_vectors.h"
@@ -31,27 +31,42 @@ int atr_StringBase::textEnd() const noexcept {
 
 namespace {
 
-// Bytes of `p` in front of what strstr has to look at: blocks without a NUL and with nowhere the
-// first and the last byte of `text` as far from each other as there. Where either is frequent, that
-// is many times as fast (BM Find, bytes).
+constexpr std::size_t kBlock = 512;
+
+// Whether a NUL is among the bytes of a block, or one of them is the first byte of a text with its
+// final one as far behind as there. A byte is 0 in `least` for the one and the other.
+inline bool mayHold(char const* block, char first, char final, std::size_t length) noexcept {
+  unsigned char least = 0xFF;
+  for (std::size_t i = 0; i < kBlock; ++i) {
+    auto const differences =
+        static_cast<unsigned char>((block[i] ^ first) | (block[i + length - 1] ^ final));
+    least = std::min(least, std::min(differences, static_cast<unsigned char>(block[i])));
+  }
+  return least == 0;
+}
+
+// Bytes of `p` in front of what strstr has to look at. Where either byte is frequent, that is many
+// times as fast (BM Find, bytes).
 ATR_WIDE_VECTORS std::size_t skipOthers(char const* p, std::size_t length, char const* text,
                                         std::size_t textLength) {
-  constexpr std::size_t kBlock = 256;
   std::size_t at = 0;
   if (textLength == 0) return at;
-  std::size_t const last = textLength - 1;
-  char const first = text[0];
-  char const final = text[last];
-  for (; length - at >= kBlock + last; at += kBlock) {
-    char const* const block = p + at;
-    unsigned char any = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-      bool const isBoth = (block[i] == first) & (block[i + last] == final);
-      any = static_cast<unsigned char>(any | ((isBoth | (block[i] == 0)) ? 0xFF : 0));
-    }
-    if (any != 0) break;
+  while (length - at >= kBlock + textLength - 1 &&
+         !mayHold(p + at, text[0], text[textLength - 1], textLength)) {
+    at += kBlock;
   }
   return at;
+}
+
+// Back from `p`, of which it is known that `text` fits behind it, by blocks in which it does not
+// begin.
+ATR_WIDE_VECTORS char const* skipBackOthers(char const* p, char const* begin, char const* text,
+                                            std::size_t textLength) {
+  while (p - begin >= static_cast<std::ptrdiff_t>(kBlock) &&
+         !mayHold(p - kBlock + 1, text[0], text[textLength - 1], textLength)) {
+    p -= kBlock;
+  }
+  return p;
 }
 
 }  // namespace
@@ -93,9 +108,13 @@ int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const
   int const end = textEnd();
   if (wanted > static_cast<std::size_t>(end)) return length;
   char const* const last = body + std::min(lastStart, end - static_cast<int>(wanted));
-  for (char const* p = last; p >= body; --p) {
-    p = skipBackTo(text[0], p, body);
-    if (p[0] == text[0] && std::memcmp(p, text, wanted) == 0) return static_cast<int>(p - body);
+  for (char const* p = last; p >= body;) {
+    p = skipBackOthers(p, body, text, wanted);
+    char const* const stop = p - std::min<std::ptrdiff_t>(p - body, kBlock - 1);
+    for (; p >= stop; --p) {
+      p = skipBackTo(text[0], p, stop);
+      if (p[0] == text[0] && std::memcmp(p, text, wanted) == 0) return static_cast<int>(p - body);
+    }
   }
   return length;
 }
@@ -111,64 +130,21 @@ atr_StringBase& atr_StringBase::LeftTrim(char const* set) {
   return leading != 0 ? Erase(0, static_cast<int>(leading)) : *this;
 }
 
-namespace {
-
-// 0 for each byte that is in a set, and 1 for all others.
-using OtherBytes = std::array<unsigned char, 256>;
-
-OtherBytes bytesOtherThan(char const* set) noexcept {
-  OtherBytes others;
-  others.fill(1);
-  for (; *set != '\0'; ++set) others[static_cast<unsigned char>(*set)] = 0;
-  return others;
-}
-
-}  // namespace
-
 atr_StringBase& atr_StringBase::RightTrim(char const* set) {
   assert(set != nullptr);
-  OtherBytes isOther = bytesOtherThan(set);
-  isOther[0] = 0;  // a NUL at the end of a text shows nowhere
+  ByteFilter const filter(set);
   int end = lengthOf(*this);
-  while (end != 0 && isOther[static_cast<unsigned char>(body[end - 1])] == 0) --end;
+  // A NUL at the end of a text shows nowhere.
+  while (end != 0 && (filter.drops(body[end - 1]) || body[end - 1] == '\0')) --end;
   return end < lengthOf(*this) ? Erase(end, kAll) : *this;
 }
-
-namespace {
-
-// Copies the bytes of [p, end) that are not in a set down to `out`, and answers where they end.
-char* copyOthers(char* out, char const* p, char const* end, OtherBytes const& isOther) noexcept {
-  for (; p != end; ++p) {
-    *out = *p;
-    out += isOther[static_cast<unsigned char>(*p)];
-  }
-  return out;
-}
-
-// Loads a word before it stores into it.
-char* copyOthersByWords(char* out, char const* p, char const* end,
-                        OtherBytes const& isOther) noexcept {
-  for (; end - p >= kWord; p += kWord) {
-    std::uint64_t word = loadWord(p);
-    for (int i = 0; i < kWord; ++i, word >>= 8) {
-      auto const byte = static_cast<unsigned char>(word);
-      *out = static_cast<char>(byte);
-      out += isOther[byte];
-    }
-  }
-  return copyOthers(out, p, end, isOther);
-}
-
-}  // namespace
 
 atr_StringBase& atr_StringBase::Trim(char const* set) {
   assert(set != nullptr);
   if (rep == nullptr) return *this;
-  OtherBytes const isOther = bytesOtherThan(set);
+  ByteFilter const filter(set);
   isolate(rep->length);
-  char const* const end = body + textEnd();
-  char* const kept = kIsLittleEndian ? copyOthersByWords(body, body, end, isOther)
-                                     : copyOthers(body, body, end, isOther);
+  char* const kept = filter.copy(body, body, body + textEnd());
   *kept = '\0';
   rep->length = static_cast<int>(kept - body);
   return *this;

@@ -280,7 +280,7 @@ void search(std::string_view bytes, S const& filler) {
   require(passed.rep == nullptr || s.rep->size == passed.rep->size, hay);
 }
 
-void searches(std::string_view bytes) { search(bytes, ""), search(bytes, S(200, 'x')); }
+void searches(std::string_view bytes) { search(bytes, ""), search(bytes, S(600, 'x')); }
 
 // Four bytes a step, on a few strings that share and alias each other.
 void strings(std::string_view bytes) {
