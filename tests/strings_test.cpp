@@ -1,4 +1,8 @@
 // Strings: every operation in every kind of body, shared and not.
+#include <cmath>
+#include <random>
+
+#include "atr/strings/general_form.h"
 #include "support/support.h"
 
 using namespace test;
@@ -162,4 +166,26 @@ TEST(Strings, Fields) {
   }
   EXPECT_EQ(look(Text("a,b").extract(0, 0)) + look(Text("a,b").extract(1, 0)), "a,b|1|1");
   EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).rep, nullptr);
+}
+
+// The shortest digits beside the exact ones: bits, short and long decimals, and midpoints.
+TEST(Strings, GeneralForm) {
+  std::mt19937_64 random(4);
+  auto const same = [](double value) {
+    for (int const precision : {1, 6, 15}) {
+      char text[24], exact[24];
+      EXPECT_EQ(S(text, atr::printGeneral(text, value, precision)),
+                S(exact, atr::printGeneralExactly(exact, value, precision)));
+    }
+  };
+  for (int n = 0; n < 20000; ++n) {
+    auto const decimal = static_cast<double>(static_cast<long long>(random() >> (n % 60 + 4)));
+    same(std::bit_cast<double>(random()));
+    same((n % 2 == 0 ? decimal : -decimal) * std::pow(10, n % 40 - 20));
+    same((decimal + 0.5) / std::exp2(n % 30));
+    same(std::exp2(n % 2140 - 1075));
+  }
+  for (double const value : {0.0, -0.0, 0.1, 9.5, 999999.5, 99999.95, 9.99999999999999e22, 1e15,
+                             1e-5, HUGE_VAL, std::nan("")})
+    same(value);
 }

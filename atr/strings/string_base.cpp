@@ -11,6 +11,7 @@
 #include <new>
 
 #include "atr/strings/body_room.h"
+#include "atr/strings/general_form.h"
 #include "atr/strings/summary.h"
 #include "atr/strings/working_string.h"
 
@@ -96,13 +97,11 @@ void atr_StringBase::makeCopy(char const* text, int length, int capacity) {
 
 namespace {
 
-// The longest is a sign, 15 digits, a point and an exponent.
-constexpr std::size_t kNumberRoom = 80;
+constexpr std::size_t kNumberRoom = 80;  // for a point of many bytes
 
-// The general form of printf, without a look at a format: a third of its time.
-int printGeneral(char (&text)[kNumberRoom], double value, int precision) noexcept {
-  char* const end =
-      std::to_chars(text, text + kNumberRoom, value, std::chars_format::general, precision).ptr;
+// As printf prints it in the locale.
+int print(char (&text)[kNumberRoom], double value, int precision) noexcept {
+  char* const end = printGeneral(text, value, precision);
   *end = '\0';
   char const* const point = std::localeconv()->decimal_point;
   char* const dot = std::strcmp(point, ".") != 0 ? std::strchr(text, '.') : nullptr;
@@ -127,12 +126,12 @@ atr_StringBase::atr_StringBase(unsigned int value) : atr_StringBase() {
 
 atr_StringBase::atr_StringBase(float value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, printGeneral(text, static_cast<double>(value), 6), 0);
+  makeCopy(text, print(text, static_cast<double>(value), 6), 0);
 }
 
 atr_StringBase::atr_StringBase(double value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, printGeneral(text, value, 15), 0);
+  makeCopy(text, print(text, value, 15), 0);
 }
 
 atr_StringBase::atr_StringBase(char const* text) : atr_StringBase() {

@@ -1,0 +1,106 @@
+// The shortest decimal that only this double is read from costs half of its exact digits, and
+// rounds to the same: a midpoint between the two would be as short and closer. But where that
+// decimal is the midpoint, the exact digits have to tell.
+#include "atr/strings/general_form.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+#include "atr/frame/words.h"
+
+namespace atr {
+
+namespace {
+
+constexpr int kRoom = 24;  // a sign, 17 digits, a point and an exponent
+
+// digit . digits times ten to the exponent
+struct Decimal {
+  char digits[kRoom];
+  int count;
+  int exponent;
+};
+
+char* put(char* out, char const* text, int bytes) noexcept {
+  copyBytes(out, text, static_cast<std::size_t>(bytes));
+  return out + bytes;
+}
+
+// The runtime writes digit [ "." digits ] "e" sign digits.
+Decimal shortestOf(double magnitude) noexcept {
+  Decimal decimal{};
+  char text[kRoom];
+  char* const end = std::to_chars(text, text + kRoom, magnitude, std::chars_format::scientific).ptr;
+  char* const e = end - (end[-4] == 'e' ? 4 : 5);
+  decimal.digits[0] = text[0];
+  decimal.count = std::max(static_cast<int>(e - text) - 1, 1);
+  put(decimal.digits + 1, text + 2, decimal.count - 1);
+  std::from_chars(e + (e[1] == '+' ? 2 : 1), end, decimal.exponent);
+  return decimal;
+}
+
+void roundUp(Decimal& decimal) noexcept {
+  while (decimal.count > 0 && decimal.digits[decimal.count - 1] == '9') --decimal.count;
+  if (decimal.count > 0) {
+    ++decimal.digits[decimal.count - 1];
+  } else {
+    decimal.digits[decimal.count++] = '1';
+    ++decimal.exponent;
+  }
+}
+
+// Leaves no zero at the end. False for a midpoint.
+bool roundTo(int precision, Decimal& decimal) noexcept {
+  if (decimal.count <= precision) return true;
+  char const next = decimal.digits[precision];
+  if (next == '5' && decimal.count == precision + 1) return false;
+  decimal.count = precision;
+  if (next >= '5') roundUp(decimal);
+  while (decimal.digits[decimal.count - 1] == '0') --decimal.count;
+  return true;
+}
+
+char* putExponent(char* out, int exponent) noexcept {
+  int const magnitude = std::abs(exponent);
+  out = put(out, exponent < 0 ? "e-" : "e+", 2);
+  if (magnitude >= 100) *out++ = static_cast<char>('0' + magnitude / 100);
+  *out++ = static_cast<char>('0' + magnitude / 10 % 10);
+  *out++ = static_cast<char>('0' + magnitude % 10);
+  return out;
+}
+
+char* layOut(char* out, Decimal const& decimal, int precision) noexcept {
+  bool const isScientific = decimal.exponent < -4 || decimal.exponent >= precision;
+  int const before = isScientific ? 1 : decimal.exponent + 1;  // digits in front of the point
+  if (before <= 0) {
+    out = put(out, "0.000", 2 - before);
+    return put(out, decimal.digits, decimal.count);
+  }
+  int const given = std::min(before, decimal.count);
+  out = put(out, decimal.digits, given);
+  out = std::fill_n(out, before - given, '0');
+  if (given < decimal.count) {
+    *out++ = '.';
+    out = put(out, decimal.digits + given, decimal.count - given);
+  }
+  return isScientific ? putExponent(out, decimal.exponent) : out;
+}
+
+}  // namespace
+
+// A double that is not normal has fewer digits of its own than are asked for.
+char* printGeneral(char* out, double value, int precision) noexcept {
+  if (!std::isnormal(value)) return printGeneralExactly(out, value, precision);
+  Decimal decimal = shortestOf(std::abs(value));
+  if (!roundTo(precision, decimal)) return printGeneralExactly(out, value, precision);
+  if (std::signbit(value)) *out++ = '-';
+  return layOut(out, decimal, precision);
+}
+
+char* printGeneralExactly(char* out, double value, int precision) noexcept {
+  return std::to_chars(out, out + kRoom, value, std::chars_format::general, precision).ptr;
+}
+
+}  // namespace atr
