@@ -210,6 +210,7 @@ class atr_StringBase {
  private:
   void makeRep(int capacity, int length);
   void makeCopy(char const* text, int length, int capacity);
+  void reportCreated() const noexcept;
   bool tryExtend(int n) noexcept;
 
   void leave() noexcept {
