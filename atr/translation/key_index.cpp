@@ -20,6 +20,13 @@ std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
   return (std::rotl(hash, 23) ^ word) * kFactor;
 }
 
+// Less than a word of bytes in one, which tells those of one length apart.
+std::uint64_t loadShort(std::string_view key) noexcept {
+  std::uint64_t word = 0;
+  copyBytes(reinterpret_cast<char*>(&word), key.data(), key.size());
+  return word;
+}
+
 }  // namespace
 
 // Two words at a time, which do not wait for each other; the last ones overlap those before. A
@@ -30,9 +37,7 @@ std::uint32_t hashOf(std::string_view key) noexcept {
   std::uint64_t even = key.size();
   std::uint64_t odd = kFactor;
   if (end - p < kWord) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, p, key.size());
-    even = mixed(even, word);
+    even = mixed(even, loadShort(key));
   } else {
     for (; end - p > 2 * kWord; p += 2 * kWord) {
       even = mixed(even, loadWord(p));

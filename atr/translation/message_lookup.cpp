@@ -25,22 +25,29 @@ int encode(MessageText const& message, unsigned char* out) noexcept {
                                 kSubstitute);
 }
 
-// The key without its tail: by words up to a backslash, then by bytes.
-MessageText ownText(std::string_view key) noexcept {
-  char const* p = key.data();
-  char const* const end = p + key.size();
+std::string_view withoutTail(std::string_view key) noexcept {
+  bool const hasBackslash = std::memchr(key.data(), kTail[0], key.size()) != nullptr;
+  return hasBackslash ? key.substr(0, key.find(kTail)) : key;
+}
+
+// By words, of which the last overlaps the one before.
+bool isAscii(std::string_view text) noexcept {
+  char const* p = text.data();
+  char const* const end = p + text.size();
   std::uint64_t bits = 0;
-  for (; end - p >= kWord; p += kWord) {
-    std::uint64_t const word = loadWord(p);
-    if (zeroBytes(word ^ wordOf(kTail[0])) != 0) break;
-    bits |= word;
+  if (end - p >= kWord) {
+    for (; end - p > kWord; p += kWord) bits |= loadWord(p);
+    bits |= loadWord(end - kWord);
+  } else {
+    for (char const byte : text) bits |= static_cast<unsigned char>(byte);
   }
-  for (; p != end && (p[0] != kTail[0] || p[1] != kTail[1]); ++p) {
-    bits |= static_cast<unsigned char>(*p);
-  }
-  MessageText message = {key.data(), static_cast<std::size_t>(p - key.data()), 0};
-  bool const isAscii = (bits & kHighBits) == 0;
-  if (!isAscii) message.encodedBytes = std::max(encode(message, nullptr), 0);
+  return (bits & kHighBits) == 0;
+}
+
+MessageText ownText(std::string_view key) noexcept {
+  std::string_view const text = withoutTail(key);
+  MessageText message = {text.data(), text.size(), 0};
+  if (!isAscii(text)) message.encodedBytes = std::max(encode(message, nullptr), 0);
   return message;
 }
 

@@ -34,7 +34,8 @@ void atr_trSort() noexcept {
   if (!isLarge || !sortByPrefixes(atr_trTable.entries, atr_trTable.count)) sortByComparing();
 }
 
-static std::string_view findByHalves(char const* key) noexcept {
+// Apart, so that the way of every lookup saves no registers for it.
+[[gnu::noinline]] static std::string_view findByHalves(char const* key) noexcept {
   char const* text = nullptr;
   TranslationEntry const* first = atr_trTable.entries;
   for (int rest = std::max(atr_trTable.count, 0); rest > 0;) {
