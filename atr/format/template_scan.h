@@ -2,8 +2,10 @@
 #ifndef ATR_FORMAT_TEMPLATE_SCAN_H
 #define ATR_FORMAT_TEMPLATE_SCAN_H
 
+#include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <cstdint>
 
 #include "atr/frame/words.h"
 
@@ -13,12 +15,11 @@ constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
 /// Reads digits up to `end` and moves `p` behind them. What an int cannot hold counts as INT_MAX.
 inline int readNumber(char const*& p, char const* end) noexcept {
-  int value = 0;
+  std::int64_t value = 0;
   for (; p != end && isDigit(*p); ++p) {
-    int const digit = *p - '0';
-    value = value > (INT_MAX - digit) / 10 ? INT_MAX : value * 10 + digit;
+    value = std::min<std::int64_t>(value * 10 + (*p - '0'), INT_MAX);
   }
-  return value;
+  return static_cast<int>(value);
 }
 
 constexpr bool isRunCharacter(char c) noexcept {

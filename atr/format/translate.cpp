@@ -12,6 +12,7 @@
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
 #include "atr/strings/exponent.h"
+#include "atr/strings/fresh_text.h"
 #include "atr/strings/working_string.h"
 #include "atr/translation/message_lookup.h"
 
@@ -241,17 +242,13 @@ atr_String atr_translate::Result() const {
   std::size_t bytes = textBytes - static_cast<std::size_t>(count) * kPlaceholderBytes;
   for (int i = 0; i < count; ++i) bytes += places[i].bytes;
   if (bytes == 0) return atr_String();
-  int const length = checkedLength(bytes);
-  atr_String result(length, atr_String::PreSize);
-  char* out = &result[0];
+  FreshText result(checkedLength(bytes));
+  char* out = result.begin();
   std::size_t from = 0;
   for (int i = 0; i < count; ++i) {
     out = copy(out, compiled + from, places[i].at - from);
     out = copy(out, args[i].substitution, places[i].bytes);
     from = places[i].at + kPlaceholderBytes;
   }
-  out = copy(out, compiled + from, textBytes - from);
-  *out = '\0';
-  result.SetStringLength(length);
-  return result;
+  return result.finish(copy(out, compiled + from, textBytes - from));
 }

@@ -10,6 +10,7 @@
 #include "atr/layout/test_mode.h"
 #include "atr/layout/word_step.h"
 #include "atr/strings/body_room.h"
+#include "atr/strings/fresh_text.h"
 #include "atr/strings/string.h"
 
 using namespace atr;
@@ -127,12 +128,9 @@ Folded foldLine(char* line, int length, std::size_t limit) noexcept {
 }
 
 atr_String copyWithRoom(char const* text, int length, int capacity) {
-  atr_String copy(capacity, atr_String::PreSize);
-  char* const out = &copy[0];
-  std::memcpy(out, text, asSize(length));
-  out[length] = '\0';
-  copy.SetStringLength(length);
-  return copy;
+  FreshText copy(capacity);
+  std::memcpy(copy.begin(), text, asSize(length));
+  return copy.finish(copy.begin() + length);
 }
 
 // Gives a folded text the room that it is defined to have, which is mostly what it was folded in.

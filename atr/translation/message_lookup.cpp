@@ -9,6 +9,7 @@
 #include "atr/encoding/encoding_table.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
+#include "atr/strings/fresh_text.h"
 #include "atr/translation/translation.h"
 #include "atr/translation/translation_table.h"
 
@@ -71,11 +72,10 @@ atr_String atr_raw(char const* key) {
     if (message.bytes == 0) return atr_String();
     return atr_String(message.text, checkedLength(message.bytes));
   }
-  atr_String result(message.encodedBytes, atr_String::PreSize);
-  char* const text = &result[0];
+  FreshText result(message.encodedBytes);
+  char* const text = result.begin();
   message.write(text);
-  auto const length = static_cast<int>(std::strlen(text));
-  if (length < message.encodedBytes) return atr_String(text);
-  result.SetStringLength(length);
-  return result;
+  std::size_t const bytes = std::strlen(text);
+  if (static_cast<int>(bytes) < message.encodedBytes) return atr_String(text);
+  return result.finish(text + bytes);
 }
