@@ -164,6 +164,16 @@ TEST(Strings, Fields) {
     EXPECT_STREQ(Text(text).extract(index, ',').c_str(), plain) << text << index;
     EXPECT_STREQ(Text(text).extract(index, ',', '\\').c_str(), unescaped) << text << index;
   }
+  std::mt19937 random(5);  // byte by byte
+  for (int n = 0; n < 5000; ++n) {
+    S text(random() % 50, 'a');
+    for (char& c : text) c = random() % 40 == 0 ? '\0' : "ab,"[random() % (n % 5 + 1) % 3];
+    int const index = static_cast<int>(random() % 8);
+    char const* p = text.c_str();
+    for (int left = index; *p != '\0' && left != 0; ++p) left -= *p == ',' ? 1 : 0;
+    EXPECT_EQ(textOf(Text(text.data(), static_cast<int>(text.size())).extract(index, ',')),
+              S(p, std::strcspn(p, ",")));
+  }
   EXPECT_EQ(look(Text("a,b").extract(0, 0)) + look(Text("a,b").extract(1, 0)), "a,b|1|1");
   EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).rep, nullptr);
 }

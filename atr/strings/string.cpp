@@ -32,32 +32,36 @@ char const* fieldEnd(char const* p, char const* end, char delimiter) noexcept {
   return p;
 }
 
-// Passes whole words by in which less than `fields` fields end, and takes those off.
-char const* skipFieldsByWords(char const* p, char const* end, char delimiter,
-                              int& fields) noexcept {
+// Behind delimiter `index`, from 1: by words up to the one that it is in or that a NUL is in, then
+// by bytes. Null if there are fewer.
+char const* fieldBegin(char const* p, char const* end, char delimiter, int index) noexcept {
   std::uint64_t const pattern = wordOf(delimiter);
   for (; end - p >= kWord; p += kWord) {
     std::uint64_t const word = loadWord(p);
-    int const delimiters = countMarks(zeroBytes(word ^ pattern));
-    if (delimiters >= fields || zeroBytes(word) != 0) break;
-    fields -= delimiters;
+    std::uint64_t delimiters = zeroBytes(word ^ pattern);
+    int const count = countMarks(delimiters);
+    if (zeroBytes(word) != 0 || (!kIsLittleEndian && count >= index)) break;
+    if (count >= index) {
+      for (; index > 1; --index) delimiters &= delimiters - 1;
+      return p + firstMark(delimiters) + 1;
+    }
+    index -= count;
   }
-  return p;
+  for (; p != end && *p != '\0'; ++p) {
+    if (*p == delimiter && --index == 0) return p + 1;
+  }
+  return nullptr;
 }
 
 // A NUL as delimiter never matches, since the text ends there.
 Field findField(atr_String const& string, int index, char delimiter) noexcept {
   if (index < 0) return {nullptr, 0};
-  char const* text = string.c_str();
+  char const* const text = string.c_str();
   char const* const textEnd = text + string.length();
-  if (index > 0) text = skipFieldsByWords(text, textEnd, delimiter, index);
-  for (; index > 0; --index) {
-    text = fieldEnd(text, textEnd, delimiter);
-    if (text == textEnd || *text == '\0') return {nullptr, 0};
-    ++text;
-  }
-  char const* const end = fieldEnd(text, textEnd, delimiter);
-  return {end != text ? text : nullptr, static_cast<int>(end - text)};
+  char const* const begin = index > 0 ? fieldBegin(text, textEnd, delimiter, index) : text;
+  if (begin == nullptr) return {nullptr, 0};
+  char const* const end = fieldEnd(begin, textEnd, delimiter);
+  return {end != begin ? begin : nullptr, static_cast<int>(end - begin)};
 }
 
 }  // namespace
