@@ -25,6 +25,9 @@ std::FILE* openText(char const* path) noexcept;
 /// Whether a line end of CR LF in such a file arrives as LF.
 extern bool const joinsLineEnds;
 
+/// What stands between the whole and the fraction of a number in the process locale.
+char const* decimalPoint() noexcept;
+
 /// Codesets of the process locale that fast paths know by name. In those of `separate` each
 /// character stands for one code, whatever stands beside it. In none but `other` is a byte within
 /// a character white space.

@@ -40,6 +40,8 @@ std::FILE* openText(char const* path) noexcept {
 // still to come.
 bool const joinsLineEnds = false;
 
+char const* decimalPoint() noexcept { return nl_langinfo(RADIXCHAR); }
+
 Codeset currentCodeset() noexcept {
   char const* const name = nl_langinfo(CODESET);
   if (std::strcmp(name, "UTF-8") == 0) return Codeset::utf8;

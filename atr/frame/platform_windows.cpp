@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <climits>
+#include <clocale>
 #include <cstdlib>
 #include <cstring>
 
@@ -32,6 +33,8 @@ std::FILE* openText(char const* path) noexcept {
 }
 
 bool const joinsLineEnds = true;  // by text mode
+
+char const* decimalPoint() noexcept { return std::localeconv()->decimal_point; }
 
 // No code page is known by name: each has its own ways with bytes that are no character.
 Codeset currentCodeset() noexcept { return Codeset::other; }

@@ -37,7 +37,8 @@ Decimal shortestOf(double magnitude) noexcept {
   decimal.digits[0] = text[0];
   decimal.count = std::max(static_cast<int>(e - text) - 1, 1);
   put(decimal.digits + 1, text + 2, decimal.count - 1);
-  std::from_chars(e + (e[1] == '+' ? 2 : 1), end, decimal.exponent);
+  for (char const* p = e + 2; p != end; ++p) decimal.exponent = decimal.exponent * 10 + (*p - '0');
+  if (e[1] == '-') decimal.exponent = -decimal.exponent;
   return decimal;
 }
 

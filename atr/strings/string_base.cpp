@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <charconv>
-#include <clocale>
 #include <cstring>
 #include <functional>
 #include <memory>
 #include <new>
 #include <utility>
 
+#include "atr/frame/platform.h"
 #include "atr/strings/body_room.h"
 #include "atr/strings/general_form.h"
 #include "atr/strings/summary.h"
@@ -109,14 +109,14 @@ constexpr std::size_t kNumberRoom = 80;  // for a point of many bytes
 // As printf prints it in the locale.
 int print(char (&text)[kNumberRoom], double value, int precision) noexcept {
   char* const end = printGeneral(text, value, precision);
-  *end = '\0';
-  char const* const point = std::localeconv()->decimal_point;
-  char* const dot = std::strcmp(point, ".") != 0 ? std::strchr(text, '.') : nullptr;
-  if (dot == nullptr) return static_cast<int>(end - text);
+  auto const bytes = static_cast<std::size_t>(end - text);
+  auto* const dot = static_cast<char*>(std::memchr(text, '.', bytes));
+  char const* const point = dot != nullptr ? platform::decimalPoint() : ".";
+  if (std::strcmp(point, ".") == 0) return static_cast<int>(bytes);
   std::size_t const pointBytes = std::strlen(point);
-  std::memmove(dot + pointBytes, dot + 1, static_cast<std::size_t>(end - dot));
-  std::copy_n(point, pointBytes, dot);
-  return static_cast<int>(end - text + static_cast<std::ptrdiff_t>(pointBytes) - 1);
+  std::memmove(dot + pointBytes, dot + 1, static_cast<std::size_t>(end - dot) - 1);
+  std::memcpy(dot, point, pointBytes);
+  return static_cast<int>(bytes + pointBytes - 1);
 }
 
 }  // namespace
