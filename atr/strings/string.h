@@ -19,7 +19,7 @@ class atr_String : public atr_StringBase {
   /// Takes the representation of `other`, which is left empty.
   atr_String(atr_String&& other) noexcept { exchangeWith(other); }
   /// A copy of `text`; null and empty texts give the null representation.
-  atr_String(char const* text) : atr_StringBase(text != nullptr ? text : atr_emptyText) {}
+  atr_String(char const* text) : atr_StringBase(text) {}
   /// A copy of the first `length` bytes of `text`; always has a representation.
   atr_String(char const* text, int length) : atr_StringBase(text, length) {}
 
