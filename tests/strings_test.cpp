@@ -165,7 +165,7 @@ TEST(Strings, Fields) {
     EXPECT_STREQ(Text(text).extract(index, ',', '\\').c_str(), unescaped) << text << index;
   }
   std::mt19937 random(5);  // byte by byte
-  for (int n = 0; n < 5000; ++n) {
+  for (unsigned n = 0; n < 5000; ++n) {
     S text(random() % 50, 'a');
     for (char& c : text) c = random() % 40 == 0 ? '\0' : "ab,"[random() % (n % 5 + 1) % 3];
     int const index = static_cast<int>(random() % 8);

@@ -69,7 +69,8 @@ TEST(Translation, Lines) {
     for (int pass = 0; pass < 2; ++pass, lines.rewind()) {
       std::ptrdiff_t bytes = 0;
       for (std::size_t at = 0; at < text.size();) {
-        S line = text.substr(at, std::min<std::size_t>(8191, text.find('\n', at) - at + 1));
+        std::size_t const end = std::min({text.find('\n', at), text.size() - 1, at + 8190}) + 1;
+        S line = text.substr(at, end - at);
         at += line.size();
         if (!areJoined && line.ends_with("\r\n")) line.replace(line.size() - 2, 2, "\n");
         if (!areJoined && line.size() == 8191 && line.back() == '\r' && text[at] == '\n')

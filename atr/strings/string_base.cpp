@@ -115,7 +115,7 @@ int print(char (&text)[kNumberRoom], double value, int precision) noexcept {
   if (std::strcmp(point, ".") == 0) return static_cast<int>(bytes);
   std::size_t const pointBytes = std::strlen(point);
   std::memmove(dot + pointBytes, dot + 1, static_cast<std::size_t>(end - dot) - 1);
-  std::memcpy(dot, point, pointBytes);
+  std::copy_n(point, pointBytes, dot);
   return static_cast<int>(bytes + pointBytes - 1);
 }
 

@@ -20,11 +20,17 @@ std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
   return (std::rotl(hash, 23) ^ word) * kFactor;
 }
 
-// Less than a word of bytes in one, which tells those of one length apart.
-std::uint64_t loadShort(std::string_view key) noexcept {
-  std::uint64_t word = 0;
-  copyBytes(reinterpret_cast<char*>(&word), key.data(), key.size());
-  return word;
+// Less than a word of bytes in one, which tells those of one length apart: both ends, or three
+// bytes that are all there are.
+std::uint64_t loadShort(char const* p, std::size_t bytes) noexcept {
+  std::uint32_t first = 0, last = 0;
+  if (bytes >= sizeof first) {
+    std::memcpy(&first, p, sizeof first);
+    std::memcpy(&last, p + bytes - sizeof last, sizeof last);
+    return std::uint64_t{last} << 32 | first;
+  }
+  auto const byte = [p](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(p[i])}; };
+  return bytes > 0 ? byte(0) << 16 | byte(bytes / 2) << 8 | byte(bytes - 1) : 0;
 }
 
 }  // namespace
@@ -37,7 +43,7 @@ std::uint32_t hashOf(std::string_view key) noexcept {
   std::uint64_t even = key.size();
   std::uint64_t odd = kFactor;
   if (end - p < kWord) {
-    even = mixed(even, loadShort(key));
+    even = mixed(even, loadShort(p, key.size()));
   } else {
     for (; end - p > 2 * kWord; p += 2 * kWord) {
       even = mixed(even, loadWord(p));
