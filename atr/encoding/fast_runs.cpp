@@ -138,10 +138,11 @@ ATR_WIDE_VECTORS unsigned char const* skipBlocks(unsigned char const* p, unsigne
       p = block + kBlock;
       continue;
     }
+    unsigned char const* const bytes = loadAnew(block);
     unsigned char bad = 0;
     for (int i = 0; i < kBlock; ++i) {
-      bool const isBad = isOutOfPlace(block[i], block[i - 1], block[i - 2]);
-      bad = static_cast<unsigned char>(bad | (isBad ? 0xFF : 0));
+      bool const isBad = isOutOfPlace(bytes[i], bytes[i - 1], bytes[i - 2]);
+      bad = std::max(bad, static_cast<unsigned char>(isBad ? 0xFF : 0));
     }
     if (bad != 0) break;
     p = block + kBlock;
@@ -260,7 +261,7 @@ ATR_WIDE_VECTORS void measureNarrowBlocks(TranscodingState& state, unsigned char
       bool const isSecond = isContinuation(p[i]);
       bool const isOther = (p[i] >= 0xC0) & ((p[i] & 0xFE) != 0xC2);
       bool const isBad = ((p[i - 1] >= 0xC0) != isSecond) | isOther;
-      bad = static_cast<unsigned char>(bad | (isBad ? 0xFF : 0));
+      bad = std::max(bad, static_cast<unsigned char>(isBad ? 0xFF : 0));
       pairs = static_cast<unsigned char>(pairs + (isSecond ? 1 : 0));
     }
     if (bad != 0) break;

@@ -3,8 +3,6 @@
 #ifndef ATR_FRAME_WIDE_VECTORS_H
 #define ATR_FRAME_WIDE_VECTORS_H
 
-#include <cstddef>
-
 // The choice is the loader's of glibc, and is made before a sanitizer is up.
 #if defined(__x86_64__) && defined(__GLIBC__) && defined(__OPTIMIZE__) && !defined(__clang__) && \
     !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
@@ -12,5 +10,17 @@
 #else
 #define ATR_WIDE_VECTORS
 #endif
+
+namespace atr {
+
+/// The same pointer, unknown to the compiler. What is loaded by it is not made from what was loaded
+/// before, of which Clang makes no vectors.
+template <class T>
+inline T* loadAnew(T* p) noexcept {
+  asm("" : "+r"(p));
+  return p;
+}
+
+}  // namespace atr
 
 #endif  // ATR_FRAME_WIDE_VECTORS_H
