@@ -35,6 +35,7 @@ TEST(Translation, DictionaryRows) {
       {"no value", "msg['a'] = r'", "{a=}"}, {"a marker in the value", "['a'] = r'b'] = r'c'\n", "{a=b'] = r'c}"},
       {"quotes", "['it's'] = r'c'est'\n", "{it's=c'est}"}, {"a key ends at the marker", "['a\\'] = r'b'\n", "{a\\=b}"},
       {"escapes in both", "['a\\n\\@x'] = r'\\x41\\'\\@'\n", "{a\n\\@x=A'\\@}"},
+      {"escapes in the key alone", "['a\\x41'] = r'b'\n", "{aA=b}"}, {"no strict UTF-8", "['a'] = r'\xED\xA0\x80'\n", "{a=?}"},
       {"UTF-8 from escapes", "['a'] = r'\\xC3\\xA9\\303\\251'\n", "{a=\xE9\xE9}"},
       {"a NUL ends both", "['a\\0b'] = r'c\\x00q'\n", "{a=c}"}, {"both line ends", "['a'] = r'1'\r\n['b'] = r'2'\n", "{a=1}{b=2}"},
       {"a marker alone", "'] = r'x'\n", ""}, {"a marker first", "'] = r'\xFFx'\n'] = r'x'\n['a'] = r'1'\n'] = r'x'", "{a=1}"},
@@ -60,6 +61,7 @@ TEST(Translation, Lines) {
       text += S(random() % 9 == 0 ? 8190 : random() % longest, 'x') + ends[random() % 5];
       if (n % 3 == 0) text += '\0';
     }
+    if (n == 0) text = S(8190, 'x') + "\n\n\n" + S(8190, 'x') + "\r\n";  // the LF is still to come
     TempFile const file("lines", text);
     std::FILE* const stream = atr::platform::openText(file.path.c_str());
     bool const areJoined = atr::platform::joinsLineEnds;
@@ -83,6 +85,14 @@ TEST(Translation, Lines) {
     }
     std::fclose(stream);
   }
+  TempFile const file("broken", "a\nb");
+  std::FILE* const stream = atr::platform::openText(file.path.c_str());
+  EXPECT_EQ(std::fputc('x', stream), EOF);  // a failure
+  atr::LineReader lines(stream);
+  std::ptrdiff_t bytes = 0;
+  EXPECT_STREQ(lines.next(bytes), "a\n");
+  EXPECT_EQ(lines.next(bytes), nullptr);
+  std::fclose(stream);
 }
 
 TEST(Translation, DictionaryInOtherEncodings) {
@@ -108,7 +118,7 @@ TEST(Translation, Lookup) {
   // clang-format off
   std::tuple<char const*, char const*, S, bool, S> const rows[] = {
       {"no table", "C", "abc", false, "abc"}, {"only a tail", "C", "\\@x", false, ""}, {"the last of equals", "C", "Open", true, "last"},
-      {"the whole key, and its text untouched", "C", menu, true, untouched}, {"another tail", "C", "Open\\@x", true, "Open"},
+      {"the whole key, and its text untouched", "C", menu, true, untouched}, {"another tail", "C", "Open\\@x", true, "Open"}, {"two tails", "C", "a\\b\\@c\\@d", false, "a\\b"},
       {"an empty text", "C", none, true, ""}, {"no form", kEast, "\xC4\x80 \xE3\x82\xBD\\@x\xE9", true, "? \x83\x5C"},
       {"no UTF-8", kEast, "\xE9\\@x", true, "\xE9"}, {"no UTF-8, long", kWest, longKey, true, longKey},
       {"a NUL comes out", kWest, "a\xC0\x80\xC3\xA9", false, "a"}, {"nothing but a NUL", kWest, "\xC0\x80", false, ""},
@@ -125,6 +135,12 @@ TEST(Translation, Lookup) {
   }
   atr_trTable = {nullptr, 0};
   EXPECT_EQ(atr_raw(nullptr).c_str(), atr_emptyText);
+  Locale const west(kWest);
+  for (std::size_t bytes = 0; bytes < 20; ++bytes) {
+    S const text(bytes, 'a');
+    EXPECT_EQ(textOf(atr_raw((text + "\xC3\xA9").c_str())), text + "\xE9");
+    EXPECT_EQ(textOf(atr_raw(("\xC3\xA9" + text).c_str())), "\xE9" + text);
+  }
 }
 
 // What large tables have beside the plain sort and search, also for keys made to collide, and

@@ -36,8 +36,6 @@ std::FILE* openText(char const* path) noexcept {
   return stream;
 }
 
-// The pair may straddle the buffer's end: there the CR is the buffer's last byte, and the LF is
-// still to come.
 bool const joinsLineEnds = false;
 
 char const* decimalPoint() noexcept { return nl_langinfo(RADIXCHAR); }

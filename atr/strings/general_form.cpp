@@ -1,6 +1,7 @@
-// The shortest decimal that only this double is read from costs half of its exact digits, and
-// rounds to the same: a midpoint between the two would be as short and closer. But where that
-// decimal is the midpoint, the exact digits have to tell.
+// The shortest decimal that only this double is read from costs half of its exact digits, and gives
+// the same text. If it has more digits than are wanted, it rounds as they do: a midpoint between
+// the two would be as short and closer; only where it is a midpoint itself the exact digits have to
+// tell. If it has no more, it is what they round to, since doubles tell 15 digits apart.
 #include "atr/strings/general_form.h"
 
 #include <algorithm>

@@ -32,20 +32,22 @@ char const* fieldEnd(char const* p, char const* end, char delimiter) noexcept {
   return p;
 }
 
-// Behind delimiter `index`, from 1: by words up to the one that it is in or that a NUL is in, then
-// by bytes. Null if there are fewer.
+// Behind delimiter `index`, from 1, or null if there are fewer. By words, and where the text ends
+// by bytes.
 char const* fieldBegin(char const* p, char const* end, char delimiter, int index) noexcept {
   std::uint64_t const pattern = wordOf(delimiter);
   for (; end - p >= kWord; p += kWord) {
     std::uint64_t const word = loadWord(p);
     std::uint64_t delimiters = zeroBytes(word ^ pattern);
     int const count = countMarks(delimiters);
-    if (zeroBytes(word) != 0 || (!kIsLittleEndian && count >= index)) break;
-    if (count >= index) {
-      for (; index > 1; --index) delimiters &= delimiters - 1;
-      return p + firstMark(delimiters) + 1;
+    if (zeroBytes(word) != 0) break;
+    if (count < index) {
+      index -= count;
+      continue;
     }
-    index -= count;
+    if constexpr (!kIsLittleEndian) break;
+    for (; index > 1; --index) delimiters &= delimiters - 1;
+    return p + firstMark(delimiters) + 1;
   }
   for (; p != end && *p != '\0'; ++p) {
     if (*p == delimiter && --index == 0) return p + 1;

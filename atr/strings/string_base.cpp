@@ -202,7 +202,7 @@ void atr_StringBase::Delete() {
   EndingRep const ending(std::exchange(rep, nullptr), std::exchange(body, nullptr));
   if (ending.separateBody != nullptr) ::operator delete(ending.separateBody);
   ending.report();
-  ::operator delete(ending.rep);
+  atr_StringRep::operator delete(ending.rep);
 }
 
 // --- becoming sole owner ----------------------------------------------------------------------
