@@ -67,9 +67,9 @@ TEST(Translation, Lines) {
     bool const areJoined = atr::platform::joinsLineEnds;
     for (std::size_t at = 0; areJoined && (at = text.find("\r\n", at)) != text.npos;)
       text.erase(at, 1);
+    std::ptrdiff_t bytes = 0;
     atr::LineReader lines(stream);
     for (int pass = 0; pass < 2; ++pass, lines.rewind()) {
-      std::ptrdiff_t bytes = 0;
       for (std::size_t at = 0; at < text.size();) {
         std::size_t const end = std::min({text.find('\n', at), text.size() - 1, at + 8190}) + 1;
         S line = text.substr(at, end - at);
