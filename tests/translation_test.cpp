@@ -70,9 +70,11 @@ TEST(Translation, Lines) {
     std::ptrdiff_t bytes = 0;
     atr::LineReader lines(stream);
     for (int pass = 0; pass < 2; ++pass, lines.rewind()) {
+      bool const isBroken = n % 4 > 1 && std::fputc('x', stream) == EOF;  // open to read alone
       for (std::size_t at = 0; at < text.size();) {
         std::size_t const end = std::min({text.find('\n', at), text.size() - 1, at + 8190}) + 1;
         S line = text.substr(at, end - at);
+        if (isBroken && line.size() < 8191 && !line.ends_with('\n')) break;
         at += line.size();
         if (!areJoined && line.ends_with("\r\n")) line.replace(line.size() - 2, 2, "\n");
         if (!areJoined && line.size() == 8191 && line.back() == '\r' && text[at] == '\n')
@@ -85,14 +87,6 @@ TEST(Translation, Lines) {
     }
     std::fclose(stream);
   }
-  TempFile const file("broken", "a\nb");
-  std::FILE* const stream = atr::platform::openText(file.path.c_str());
-  EXPECT_EQ(std::fputc('x', stream), EOF);  // a failure
-  atr::LineReader lines(stream);
-  std::ptrdiff_t bytes = 0;
-  EXPECT_STREQ(lines.next(bytes), "a\n");
-  EXPECT_EQ(lines.next(bytes), nullptr);
-  std::fclose(stream);
 }
 
 TEST(Translation, DictionaryInOtherEncodings) {
