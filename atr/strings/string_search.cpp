@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "atr/frame/byte_filter.h"
 #include "atr/frame/character_step.h"
@@ -32,6 +33,7 @@ int atr_StringBase::textEnd() const noexcept {
 namespace {
 
 constexpr std::size_t kBlock = 512;
+constexpr std::size_t kCacheLine = 64;
 
 // Whether a NUL is among the bytes of a block, or one of them is the first byte of a text with its
 // final one as far behind as there. A byte is 0 in `least` for the one and the other.
@@ -46,14 +48,16 @@ inline bool mayHold(char const* block, char first, char final, std::size_t lengt
 }
 
 // Bytes of `p` in front of what strstr has to look at. Where either byte is frequent, that is many
-// times as fast (BM Find, bytes).
+// times as fast (BM Find, bytes). The blocks behind the first begin with a cache line, since a load
+// across two of them counts for two.
 ATR_WIDE_VECTORS std::size_t skipOthers(char const* p, std::size_t length, char const* text,
                                         std::size_t textLength) {
   std::size_t at = 0;
   if (textLength == 0) return at;
+  std::size_t step = kBlock - reinterpret_cast<std::uintptr_t>(p) % kCacheLine;
   while (length - at >= kBlock + textLength - 1 &&
          !mayHold(p + at, text[0], text[textLength - 1], textLength)) {
-    at += kBlock;
+    at += std::exchange(step, kBlock);
   }
   return at;
 }
