@@ -96,7 +96,7 @@ FastRun fastRunBetween(int target, int source) noexcept {
 unsigned char const* skipStrictUtf8(unsigned char const* p, unsigned char const* until,
                                     unsigned char const* end) noexcept {
   while (p < until) {
-    p = skipTriples(skipAscii(p, end), end);
+    p = skipTriples(skipAscii(p, until), until);
     while (end - p >= 2 && isPair(p) && p[0] >= 0xC2) p += 2;
     if (p >= until) break;
     int const bytes = strictLength(p, end);
@@ -111,8 +111,9 @@ namespace {
 constexpr std::ptrdiff_t kBlock = 64;    // bytes; two vectors, and enough to pay for their end
 constexpr std::ptrdiff_t kLookBack = 2;  // bytes before a block that are read with it
 
+// Whether a block is ASCII, the bytes before it too, so that no character goes on in it.
 bool isAsciiBlock(unsigned char const* p) noexcept {
-  std::uint64_t any = 0;
+  std::uint64_t any = loadWord(p - kLookBack);
   for (std::ptrdiff_t i = 0; i < kBlock; i += kWord) any |= loadWord(p + i);
   return (any & kHighBits) == 0;
 }
@@ -127,38 +128,37 @@ inline bool isOutOfPlace(unsigned char byte, unsigned char before, unsigned char
   return (isDue != isContinuation(byte)) | isOther | (before == forbidden);
 }
 
-// Over blocks of strict characters of up to three bytes. Each begins with a character, and what of
-// its last one is cut off begins the next; the last block ends with the text. @pre `p` has
-// kLookBack bytes of the text before it.
+// Bytes at the end of what stands before `p` that begin a character of up to three bytes which goes
+// on behind it.
+inline std::ptrdiff_t cutBefore(unsigned char const* p) noexcept {
+  return p[-1] >= 0xC0 ? 1 : p[-2] >= 0xE0 ? 2 : 0;
+}
+
+// Over blocks of strict characters of up to three bytes. A character may go on in the next block;
+// the last block ends with the text. @pre `p` has kLookBack bytes of the text before it.
 ATR_WIDE_VECTORS unsigned char const* skipBlocks(unsigned char const* p, unsigned char const* end) {
   if (end - p < kBlock) return p;
   while (p != end) {
     unsigned char const* const block = end - p < kBlock ? end - kBlock : p;
-    if (isAsciiBlock(block)) {
-      p = block + kBlock;
-      continue;
+    if (!isAsciiBlock(block)) {
+      unsigned char const* const bytes = loadAnew(block);
+      unsigned char bad = 0;
+      for (int i = 0; i < kBlock; ++i) {
+        bool const isBad = isOutOfPlace(bytes[i], bytes[i - 1], bytes[i - 2]);
+        bad = std::max(bad, static_cast<unsigned char>(isBad ? 0xFF : 0));
+      }
+      if (bad != 0) break;
     }
-    unsigned char const* const bytes = loadAnew(block);
-    unsigned char bad = 0;
-    for (int i = 0; i < kBlock; ++i) {
-      bool const isBad = isOutOfPlace(bytes[i], bytes[i - 1], bytes[i - 2]);
-      bad = std::max(bad, static_cast<unsigned char>(isBad ? 0xFF : 0));
-    }
-    if (bad != 0) break;
     p = block + kBlock;
-    int const cut = p[-1] >= 0xC0 ? 1 : p[-2] >= 0xE0 ? 2 : 0;
-    bool const isCutByEnd = cut != 0 && p == end;
-    p -= cut;
-    if (isCutByEnd) break;
   }
-  return p;
+  return p - cutBefore(p);
 }
 
 // Moves `p` by blocks. The first characters, which nothing stands before, the characters about
-// where blocks stop, and the last ones go one by one.
+// where blocks stop, the last ones, and all of a text without room for a block go one by one.
 template <class Walk, class Blocks>
 void goByBlocks(unsigned char const*& p, unsigned char const* end, Walk walkUntil, Blocks goOn) {
-  std::ptrdiff_t bytes = kLookBack;
+  std::ptrdiff_t bytes = end - p < kLookBack + kBlock ? end - p : kLookBack;
   for (;;) {
     unsigned char const* const until = p + std::min(bytes, end - p);
     walkUntil(until);
