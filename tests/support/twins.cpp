@@ -163,17 +163,19 @@ void dictionaries(std::string_view bytes) {
   std::fclose(file);
 }
 
-// Also behind others, and before them or not, as the fast runs take them by the block.
+// Also behind others, and before them or not, as the fast runs take them by the block, the first of
+// which ends with the 66th byte.
 void encodings(std::string_view bytes) {
-  S fillers[] = {S(61, 'a'), "aa", ""};
+  S fillers[] = {S(63, 'a'), "aa", ""};
   while (fillers[2].size() < 61)
     fillers[1] +=
         "\xC3\xA9"
         "a",
         fillers[2] += "\xC3\xA9 \xE3\x81\x82";
-  for (int mode = 0; mode < 64; ++mode) {
+  for (int mode = 0; mode < 96; ++mode) {
     S const filler = mode < 32 ? "" : fillers[bytes.size() % 3];
-    S const text = filler + upToNul(bytes) + (bytes.size() % 2 == 0 ? filler : "");
+    S const tail = mode >= 64 ? S(130, 'a') : bytes.size() % 2 == 0 ? filler : "";
+    S const text = filler + upToNul(bytes) + tail;
     int const target = mode % 4, source = mode / 4 % 4, substitute = mode / 16 % 2 * '?';
     int length = 0;
     S expected, failure;
