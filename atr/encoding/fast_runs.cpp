@@ -96,7 +96,7 @@ FastRun fastRunBetween(int target, int source) noexcept {
 unsigned char const* skipStrictUtf8(unsigned char const* p, unsigned char const* until,
                                     unsigned char const* end) noexcept {
   while (p < until) {
-    p = skipTriples(skipAscii(p, until), until);
+    p = skipTriples(skipAscii(p, until), end);
     while (end - p >= 2 && isPair(p) && p[0] >= 0xC2) p += 2;
     if (p >= until) break;
     int const bytes = strictLength(p, end);
