@@ -33,6 +33,9 @@ TEST(Format, TemplatesAndValues) {
   atr_translate nothing(nullptr);
   nothing.AddSubstitution(1, "x", nullptr);
   EXPECT_TRUE(nothing.Result().IsEmpty());
+  atr_translate one("%s");
+  one.AddSubstitution(1, "x", "");
+  EXPECT_EQ(textOf(one.Result()), "x");
   EXPECT_EQ(substitute("%5s|%5d|%-5.2s|%.9s|%s|%-3s", atr_String(), "abc", "abc", atr_String("abc"),
                        nullptr, nullptr),
             "     |abc|ab   |abc||   ");

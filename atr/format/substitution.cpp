@@ -72,7 +72,8 @@ void MessageSlots::putField(atr_translate& message, Slot& slot, char const* text
                             char const* format) {
   char const* const value = text != nullptr ? text : "";
   std::size_t const length = std::strlen(value);
-  if (format == nullptr || format[1] == 's') return put(message, slot, value, length);
+  bool const isPlain = format == nullptr || format[0] == '\0' || format[1] == 's';
+  if (isPlain) return put(message, slot, value, length);
   Field const field = parseField(format);
   std::size_t const used =
       field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);

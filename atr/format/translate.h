@@ -54,7 +54,8 @@ class atr_translate {
 
   /// Puts a copy of `text` in the place of the conversion at `position`; the last one wins. With a
   /// `format` other than a plain `%s`, its width, precision and leading `-` are applied, in bytes;
-  /// a negative precision counts as none. A null text counts as empty.
+  /// a negative precision counts as none. A null text counts as empty, a null or empty format as
+  /// none.
   ATR_API void AddSubstitution(int position, char const* text, char const* format);
 
   /// Takes the 0 out of a three-digit exponent, such as e+005, that ends `text`.
