@@ -1,5 +1,5 @@
-// Search, trimming, case. These take a text as ended by its first NUL; but for the case operations
-// they work on bytes.
+// Search, trimming, case. These take a text as ended by its first NUL, but for RightTrim, Reverse
+// and Substr, and work on bytes, but for the case operations.
 #include <algorithm>
 #include <bit>
 #include <cassert>
@@ -111,13 +111,14 @@ int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const
   if (wanted == 0) return std::min(lastStart, length - 1);
   int const end = textEnd();
   if (wanted > static_cast<std::size_t>(end)) return length;
-  char const* const last = body + std::min(lastStart, end - static_cast<int>(wanted));
-  for (char const* p = last; p >= body;) {
-    p = skipBackOthers(p, body, text, wanted);
-    char const* const stop = p - std::min<std::ptrdiff_t>(p - body, kBlock - 1);
-    for (; p >= stop; --p) {
-      p = skipBackTo(text[0], p, stop);
-      if (p[0] == text[0] && std::memcmp(p, text, wanted) == 0) return static_cast<int>(p - body);
+  std::ptrdiff_t at = std::min(lastStart, end - static_cast<int>(wanted));
+  while (at >= 0) {
+    at = skipBackOthers(body + at, body, text, wanted) - body;
+    std::ptrdiff_t const stop = std::max<std::ptrdiff_t>(at - (std::ptrdiff_t{kBlock} - 1), 0);
+    for (; at >= stop; --at) {
+      char const* const p = skipBackTo(text[0], body + at, body + stop);
+      at = p - body;
+      if (p[0] == text[0] && std::memcmp(p, text, wanted) == 0) return static_cast<int>(at);
     }
   }
   return length;

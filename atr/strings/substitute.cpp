@@ -98,7 +98,7 @@ void atr_StringBase::replaceAlike(int at, Replacement const& r, int count) noexc
   }
   char* p = body + at;
   for (; count > 0; --count) {
-    p = r.find(std::max(body, p - r.from.size() + 1));
+    p = r.find(p - std::min<std::ptrdiff_t>(p - body, std::ssize(r.from) - 1));
     if (p == nullptr) return;
     std::memcpy(p, r.to.data(), r.to.size());
   }
