@@ -152,7 +152,8 @@ atr_StringBase::atr_StringBase(char const* text, int length) : atr_StringBase() 
 
 atr_StringBase::atr_StringBase(char const* text, int length, Borrow) : atr_StringBase() {
   if (text == nullptr) return;
-  rep = new (::operator new(kHeaderBytes)) atr_StringRep{1, 0, std::max(length, 0)};
+  int const textLength = checkedLength(std::max(length, 0));
+  rep = new (::operator new(kHeaderBytes)) atr_StringRep{1, 0, textLength};
   body = const_cast<char*>(text);  // size 0 keeps every writer away from it
   reportCreated();
 }
