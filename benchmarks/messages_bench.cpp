@@ -100,9 +100,10 @@ void loading(int entries) {
   side(name, "boost::locale .mo", 2, [entries] {
     boost::locale::generator make;
     make.add_messages_path(folder);
-    make.add_messages_domain("d" + std::to_string(entries));
+    std::string const domain = "d" + std::to_string(entries);
+    make.add_messages_domain(domain);
     std::locale const locale = make("de.UTF-8");
-    DoNotOptimize(boost::locale::dgettext("d0", key(1).c_str(), locale));
+    DoNotOptimize(boost::locale::dgettext(domain.c_str(), key(1).c_str(), locale));
   });
 }
 
