@@ -9,7 +9,7 @@
 /// Selects an encoding. Any other number behaves as EncodingNone.
 using EncodingId = int;
 enum : EncodingId {
-  EncodingNone = 0,       ///< refuses everything but an empty text
+  EncodingNone = 0,       ///< decodes no text but the empty one, and has a form for no character
   EncodingLocale = 1,     ///< the multi-byte encoding of the process locale in force at the call
   EncodingUtf8 = 2,       ///< UTF-8 in its wide form, up to six bytes a character
   EncodingSingleByte = 3  ///< a byte a character, its value being the code (ISO 8859-1)
@@ -21,10 +21,12 @@ ATR_API bool atr_encoding_validate(int encoding, unsigned char const* text);
 
 /// Converts NUL-terminated UTF-8 to `encoding`. With a null `out` it only measures: call it so,
 /// take the result plus one bytes, and call it again.
+/// @pre `text` is not null; `out` has that room and does not overlap `text`.
 /// @param substitute the byte that stands for a character the encoding has no form for; 0 fails.
-/// @return bytes of output without its terminator; -1 if the text is not UTF-8, -2 if a character
-///   has no form and there is no substitute, whichever comes first in the text. What was written
-///   before a failure stays, without a terminator.
+/// @return bytes of output without its terminator; -1 if the text is not UTF-8 or the output
+///   would have INT_MAX bytes or more, -2 if a character has no form and there is no substitute,
+///   whichever comes first in the text. What was written before a failure stays, without a
+///   terminator.
 ATR_API int atr_utf8_to_encoding(int encoding, unsigned char* out, unsigned char const* text,
                                  char substitute);
 

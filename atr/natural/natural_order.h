@@ -7,7 +7,7 @@
 /// The order of two texts: -1, 0 or 1. Bytes compare as signed, so that those from 0x80 up sort
 /// before the end of a text. Two runs of digits at one index compare as numbers, the longer run
 /// being the greater; if either begins with 0, both compare as fractions, digit by digit. The order
-/// is total, so that it serves any sort. O(common length); allocates nothing.
+/// is total, so that it serves any sort. O(length of the shorter); allocates nothing.
 /// @pre neither text is null.
 ATR_API int strnatcmp(char const* a, char const* b);
 

@@ -30,7 +30,7 @@ constexpr int kHeaderWords = 4;  // next, top, unitsInUse
 constexpr int kHighestClass = 15;
 constexpr int kDefaultSlabWords = 1024;
 constexpr int kMaxSlabWords = 16384;
-constexpr int kLeastUnits = 100;  // that a slab holds, where the cap lets it
+constexpr int kLeastUnits = 100;  // that a slab is as large as, where the cap lets it
 
 std::int64_t wordsFor(int bytes) noexcept { return (std::int64_t{bytes} + 3) >> 2; }
 

@@ -15,7 +15,7 @@ class atr_Allocator {
   /// @param unitBytes bytes of a unit, rounded up to words of 4; a unit has a word at least.
   /// @param maxClass the highest class, cut to 0 to 15.
   /// @param slabBytes bytes of a slab, its fixed header included: 0 means 4096. It is raised to
-  ///   hold a hundred units, and cut to 64 KiB.
+  ///   the bytes of a hundred units, list heads and header included, and cut to 64 KiB.
   ATR_API atr_Allocator(int unitBytes, int maxClass, int slabBytes);
 
   /// Frees all slabs; blocks still out become invalid.

@@ -145,7 +145,8 @@ class atr_StringBase {
   ATR_API int Find(char const* text, int pos) const;
 
   /// Position of the last `text` that starts at or before `lastStart`, or the length. Finds nothing
-  /// for a `lastStart` or a `textLength` of 0.
+  /// for a `lastStart` or a `textLength` of 0; else both texts are ended by their first NUL. An
+  /// empty `text` is found at the smaller of `lastStart` and length - 1.
   /// @pre `text` is not null.
   ATR_API int rfind(char const* text, int textLength, int lastStart) const;
 
@@ -163,7 +164,7 @@ class atr_StringBase {
   /// Removes the leading bytes that are in `set`. Nothing is written if there are none.
   /// @pre `set` is not null; so too below.
   ATR_API atr_StringBase& LeftTrim(char const* set);
-  /// Removes the trailing bytes that are in `set`. Nothing is written if there are none.
+  /// Removes the trailing bytes that are in `set`, and NULs. Nothing is written if there are none.
   ATR_API atr_StringBase& RightTrim(char const* set);
   /// Removes every byte that is in `set`, in the middle too, up to the first NUL. Always writes.
   ATR_API atr_StringBase& Trim(char const* set);

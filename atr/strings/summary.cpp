@@ -47,6 +47,7 @@ struct Moments {
   float sigma;
 };
 
+// Rounding may make the variance negative; the report then has the runtime's word for the root.
 Moments moments(float sum, float sumSquared, float factor) noexcept {
   float const mean = sum * factor;
   return {mean, std::sqrt(sumSquared * factor - mean * mean)};

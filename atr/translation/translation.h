@@ -31,7 +31,8 @@ ATR_API void atr_tr_enable(bool on);
 /// The text of a message, not formatted: its translation in the encoding of the locale at the
 /// build, or the key itself without a tail from `\@` on, in the encoding of the locale, with `?`
 /// for a character that has no form there. A null key, and any text that comes out empty, gives the
-/// null representation. O(log entries); takes no memory but for the result.
+/// null representation. O(bytes of the key), times log(entries) where there was no memory for an
+/// index; takes no memory but for the result.
 ATR_API atr_String atr_raw(char const* key);
 
 #endif  // ATR_TRANSLATION_TRANSLATION_H
