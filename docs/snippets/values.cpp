@@ -49,7 +49,7 @@ int main() {
   print("[%d]", "text");  // a text stays one
   print("[%d]", true);
   print("[%d]", 'A');
-  print("[%s]", static_cast<char const*>(nullptr));
+  print("[%s]", nullptr);
 
   atr_translate message("%s, %s and %s");
   atr_SubstituteFormat(message, 1, "one");
