@@ -13,11 +13,15 @@ struct EncodingOps {
   int (*encode)(unsigned char* out, unsigned int code);
 };
 
-/// The row of an encoding; that of EncodingNone for a number outside the table.
-EncodingOps const& atr_encoding_row(int encoding) noexcept;
+namespace atr {
 
 constexpr int kUndecodable = -1;
 constexpr int kNoForm = -2;
+
+}  // namespace atr
+
+/// The row of an encoding; that of EncodingNone for a number outside the table.
+EncodingOps const& atr_encoding_row(int encoding) noexcept;
 
 /// Converts the text from `source` to `target`, or measures it if `out` is null. The text ends at
 /// its first NUL, or at `end` if that comes first; `end` may be null, and otherwise no character of

@@ -11,8 +11,6 @@ using namespace atr;
 
 namespace {
 
-constexpr int kAll = 0x7fffffff;
-
 struct Field {
   char const* text;  // null for a field that is empty or not there
   int bytes;

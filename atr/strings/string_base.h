@@ -56,6 +56,9 @@ class atr_StringBase {
   ATR_INLINE_API ~atr_StringBase() { leave(); }
 
  protected:
+  /// As a count: all that there is.
+  static constexpr int kAll = 0x7fffffff;
+
   /// The null representation: empty, nothing allocated.
   atr_StringBase() noexcept : body(nullptr), rep(nullptr) {}
 
@@ -136,7 +139,8 @@ class atr_StringBase {
   ATR_API char& operator[](int i);
 
   /// Sets the length, and nothing else, after the caller has written a text and its NUL into the
-  /// body. Silent on the null representation.
+  /// body. `n` is cut to what a body has room for, and a borrowed text to its length. Silent on the
+  /// null representation.
   ATR_API void SetStringLength(int n);
 
   /// Position of the first `text` at or after `pos`, or the length. The search ends at the first

@@ -60,7 +60,7 @@ atr_StringBase& atr_StringBase::replace(int pos, int count, char const* src, int
 
 atr_StringBase& atr_StringBase::Replace(int pos, int count, char const* src, int srcLength) {
   atr_StringBase const copy(src, srcLength);
-  return replace(pos, count, copy.body, copy.rep->length, 0, 0x7fffffff);
+  return replace(pos, count, copy.body, copy.rep->length, 0, kAll);
 }
 
 char atr_StringBase::operator[](int i) const {

@@ -10,12 +10,6 @@
 
 using namespace atr;
 
-namespace {
-
-constexpr int kAll = 0x7fffffff;
-
-}  // namespace
-
 struct atr_StringBase::Replacement {
   std::string_view from;
   std::string_view to;

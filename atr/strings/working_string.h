@@ -20,7 +20,7 @@ class atr_StringBasePrv : public atr_StringBase {
   atr_StringBasePrv(atr_StringBasePrv const& other) noexcept = default;
   /// Takes the representation of `other`, which is left empty.
   atr_StringBasePrv(atr_StringBasePrv&& other) noexcept { exchangeWith(other); }
-  /// A copy of `text`. @pre `text` is not null.
+  /// A copy of `text`; null counts as empty.
   atr_StringBasePrv(char const* text) : atr_StringBase(text) {}
 
   ATR_INLINE_API ~atr_StringBasePrv() {}  // NOLINT(modernize-use-equals-default): a symbol
@@ -91,8 +91,6 @@ class atr_StringBasePrv : public atr_StringBase {
   }
 
  private:
-  static constexpr int kAll = 0x7fffffff;
-
   // What an int cannot count is all that there is.
   static constexpr int narrowed(std::size_t bytes) noexcept {
     return bytes < kAll ? static_cast<int>(bytes) : kAll;

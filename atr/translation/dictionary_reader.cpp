@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 
+#include "atr/encoding/encoding_table.h"
 #include "atr/encoding/fast_runs.h"
 #include "atr/encoding/transcoding.h"
 #include "atr/frame/memory.h"
@@ -119,7 +120,7 @@ Block convertValue(EntryLine const& line, int measured, bool warns) noexcept {
   int bytes = measured;
   bool const isEscaped = hasBackslash(line.value, line.value + line.valueBytes);
   if (isEscaped) atr_trDecodeEscapes(line.value);
-  if (warns && measure(line.value, 0) == -2) atr_trWarnEncoding(line.key, line.keyBytes);
+  if (warns && measure(line.value, 0) == kNoForm) atr_trWarnEncoding(line.key, line.keyBytes);
   if (isEscaped) bytes = measure(line.value, kSubstitute);
   if (bytes < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);

@@ -1,5 +1,6 @@
 // From the environment to the process locale and to a dictionary file. The locale is published
 // before the search, so that it is told also where there is no dictionary.
+#include <climits>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -14,8 +15,6 @@
 using namespace atr;
 
 namespace {
-
-constexpr std::size_t kAll = 0x7fffffff;
 
 void atr_setDefaultLocale() {
   char const* const names[] = {"en", "en_US", platform::englishLocale, "C"};
@@ -35,7 +34,7 @@ void publishLocale() {
 
 void useOwnSeparators(atr_StringBasePrv& path) {
   path.Substitute(atr_StringBasePrv(platform::foreignSeparator),
-                  atr_StringBasePrv(platform::directorySeparator), kAll);
+                  atr_StringBasePrv(platform::directorySeparator), INT_MAX);
 }
 
 void setTranslatedLocale() {
