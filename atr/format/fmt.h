@@ -16,6 +16,7 @@ class atr_Fmt {
   };
 
   /// @param format borrowed for the life of the object. With null, only destruction is allowed.
+  /// @pre `format` is null or has a `%` and a letter at the least.
   ATR_API atr_Fmt(char const* format);
   ATR_API ~atr_Fmt();
 

@@ -14,7 +14,7 @@ bool isWhiteSpace(char byte) noexcept;
 char const* findLineEnd(char const* line, char const* end, std::size_t limit) noexcept;
 
 /// The same with the test mode off, in codesets in which no byte of a longer character is white
-/// space: the bytes before the limit need no look. Forty times ahead (BM fold 10 kB at 72).
+/// space: the bytes before the limit need no look. See the benchmark "fold 10 kB at 72".
 char const* findLineEndByBytes(char const* line, char const* end, std::size_t limit) noexcept;
 
 }  // namespace atr

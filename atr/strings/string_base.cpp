@@ -91,7 +91,7 @@ void atr_StringBase::makeRep(int capacity, int length) {
 }
 
 // By `fresh`, not by the fields, which would have to be read again behind the copy. In line, since
-// a call more is a tenth of what a short text takes (BM construct 30 B).
+// a call more is a tenth of what a short text takes (see the benchmark "construct 30 B").
 [[gnu::always_inline]] inline void atr_StringBase::makeCopy(char const* text, int length,
                                                             int capacity) {
   Blocks const fresh = takeBlocks(capacity != 0 ? capacity : length, length);
