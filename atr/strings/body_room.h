@@ -11,17 +11,19 @@
 namespace atr {
 
 constexpr int kHeaderBytes = 12;
-constexpr int kUnitBytes = 32;              // an inline representation fills whole units
-constexpr int kMaxInlineUnits = 7;          // beside the first one
+constexpr int kUnitBytes = 32;      // an inline representation fills whole units
+constexpr int kMaxInlineUnits = 7;  // beside the first one
+constexpr int kMaxInlineCapacity = kUnitBytes * (kMaxInlineUnits + 1) - 18;
 constexpr int kMaxCapacity = INT_MAX - 64;  // leaves room for the reckoning with units
 
-constexpr int unitsFor(int capacity) noexcept { return (capacity + 17) >> 5; }
-
-constexpr bool fitsInline(int capacity) noexcept { return unitsFor(capacity) <= kMaxInlineUnits; }
+/// The `size` of an inline representation: what whole units leave beside the header.
+constexpr int inlineBodySize(int capacity) noexcept {
+  return ((capacity + 17) & -kUnitBytes) + kUnitBytes - kHeaderBytes;
+}
 
 /// The `size` of a representation that is made for `capacity` bytes of text.
 constexpr int bodySize(int capacity) noexcept {
-  return fitsInline(capacity) ? kUnitBytes * unitsFor(capacity) + 20 : capacity + 1;
+  return capacity <= kMaxInlineCapacity ? inlineBodySize(capacity) : capacity + 1;
 }
 
 /// A length that a string can have, or std::bad_alloc. A count of any integer type.

@@ -66,11 +66,6 @@ Field findField(atr_String const& string, int index, char delimiter) noexcept {
 
 }  // namespace
 
-atr_String atr_String::Substr(std::size_t position, std::size_t count) const {
-  std::size_t const from = std::min(position, length());
-  return atr_String(c_str() + from, static_cast<int>(std::min(count, length() - from)));
-}
-
 atr_String atr_String::extract(int index, char delimiter) const {
   atr_String result;
   Field const field = findField(*this, index, delimiter);

@@ -64,7 +64,11 @@ class atr_String : public atr_StringBase {
 
   /// A new string of at most `count` bytes from `position`; it never shares and always has a
   /// representation. Empty for a position at or beyond the end.
-  ATR_API atr_String Substr(std::size_t position, std::size_t count) const;
+  ATR_INLINE_API atr_String Substr(std::size_t position, std::size_t count) const {
+    std::size_t const from = position < length() ? position : length();
+    std::size_t const rest = length() - from;
+    return atr_String(c_str() + from, static_cast<int>(count < rest ? count : rest));
+  }
   /// Field `index`, from 0, of the text cut at each `delimiter` byte; a field that is empty or not
   /// there gives the null representation. The text ends at its first NUL.
   ATR_API atr_String extract(int index, char delimiter) const;

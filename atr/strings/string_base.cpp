@@ -41,7 +41,8 @@ struct DeleteBlock {
 };
 
 // Apart, so that the short texts do not pay for its guard.
-[[gnu::noinline]] Blocks takeTwoBlocks(int size, int length) {
+[[gnu::noinline]] Blocks takeTwoBlocks(int capacity, int length) {
+  int const size = bodySize(checkedLength(capacity));
   std::unique_ptr<void, DeleteBlock> header(::operator new(kHeaderBytes));
   auto* const body = static_cast<char*>(::operator new(static_cast<std::size_t>(size)));
   return {new (header.release()) atr_StringRep{1, size, length}, body};
@@ -49,15 +50,17 @@ struct DeleteBlock {
 
 // Reports nothing: what happens to the blocks is not known until they are all there.
 Blocks takeBlocks(int capacity, int length) {
-  int const size = bodySize(checkedLength(capacity));
-  if (!fitsInline(capacity)) return takeTwoBlocks(size, length);
+  if (capacity > kMaxInlineCapacity) [[unlikely]]
+    return takeTwoBlocks(capacity, length);
+  int const size = inlineBodySize(capacity);
   void* const block = ::operator new(static_cast<std::size_t>(size) + kHeaderBytes);
   auto* const rep = new (block) atr_StringRep{1, size, length};
   return {rep, bodyBehind(rep)};
 }
 
 void reportDeleted(int length, int inlineSize) noexcept {
-  if (atr_summary != nullptr) atr_summary->RepDeleted(length, inlineSize);
+  if (atr_summary != nullptr) [[unlikely]]
+    atr_summary->RepDeleted(length, inlineSize);
 }
 
 // What is to be freed of a representation that ends, and how the end is reported.
@@ -80,7 +83,8 @@ struct EndingRep {
 // --- making one -------------------------------------------------------------------------------
 
 void atr_StringBase::reportCreated() const noexcept {
-  if (atr_summary != nullptr) atr_summary->RepCreated(isInline() ? rep->size : 0);
+  if (atr_summary != nullptr) [[unlikely]]
+    atr_summary->RepCreated(isInline() ? rep->size : 0);
 }
 
 void atr_StringBase::makeRep(int capacity, int length) {
@@ -97,7 +101,8 @@ void atr_StringBase::makeRep(int capacity, int length) {
   Blocks const fresh = takeBlocks(capacity != 0 ? capacity : length, length);
   rep = fresh.rep;
   body = fresh.body;
-  if (length > 0) std::memcpy(fresh.body, text, static_cast<std::size_t>(length));
+  if (length > 0) [[likely]]
+    std::memcpy(fresh.body, text, static_cast<std::size_t>(length));
   fresh.body[length] = '\0';
   reportCreated();
 }
@@ -201,7 +206,8 @@ atr_StringBase& atr_StringBase::operator=(char const* text) {
 void atr_StringBase::Delete() {
   if (rep == nullptr || rep->refCount > 0) return;
   EndingRep const ending(std::exchange(rep, nullptr), std::exchange(body, nullptr));
-  if (ending.separateBody != nullptr) ::operator delete(ending.separateBody);
+  if (ending.separateBody != nullptr) [[unlikely]]
+    ::operator delete(ending.separateBody);
   ending.report();
   atr_StringRep::operator delete(ending.rep);
 }
