@@ -23,7 +23,7 @@ bool scanInt(char const*& p, int& value) noexcept {
   bool const isNegative = *q == '-';
   if (isNegative || *q == '+') ++q;
   if (!isDigit(*q)) return false;
-  int const magnitude = readNumber(q, nullptr);
+  int const magnitude = readNumber(q);
   value = isNegative ? -magnitude : magnitude;
   p = q;
   return true;

@@ -13,12 +13,10 @@ namespace atr {
 
 constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
-/// Reads digits up to `end` and moves `p` behind them. What an int cannot hold counts as INT_MAX.
-inline int readNumber(char const*& p, char const* end) noexcept {
+/// Reads digits and moves `p` behind them. What an int cannot hold counts as INT_MAX.
+inline int readNumber(char const*& p) noexcept {
   std::int64_t value = 0;
-  for (; p != end && isDigit(*p); ++p) {
-    value = std::min<std::int64_t>(value * 10 + (*p - '0'), INT_MAX);
-  }
+  for (; isDigit(*p); ++p) value = std::min<std::int64_t>(value * 10 + (*p - '0'), INT_MAX);
   return static_cast<int>(value);
 }
 
@@ -69,6 +67,8 @@ struct Conversion {
 ///
 ///     template   = { text | "%%" | conversion }
 ///     conversion = "%" [ digits "$" ] run letter
+///
+/// @pre `*end` can be read, and is no character of a conversion.
 template <class Sink>
 void scanTemplate(char const* p, char const* end, Sink& sink) {
   char const* pending = p;
@@ -83,12 +83,12 @@ void scanTemplate(char const* p, char const* end, Sink& sink) {
       continue;
     }
     Conversion conversion = {Conversion::kNoNumber, p, nullptr};
-    int const number = readNumber(p, end);
-    if (p != end && *p == '$') {
+    int const number = readNumber(p);
+    if (*p == '$') {
       if (p != conversion.run) conversion.number = number;
       conversion.run = ++p;
     }
-    while (p != end && isRunCharacter(*p)) ++p;
+    while (isRunCharacter(*p)) ++p;
     if (p == end) return;
     pending = p;  // a character that makes it no conversion stays, and is not looked at again
     if (isConversionLetter(*p)) {

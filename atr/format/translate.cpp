@@ -43,14 +43,15 @@ char* copyFormat(Conversion const& conversion) {
   auto runBytes = static_cast<std::size_t>(conversion.letter - conversion.run);
   char* const format = newBlock(runBytes + 3);
   format[0] = '%';
-  copyBytes(format + 1, conversion.run, runBytes);
-  if (runBytes > 0 && format[runBytes] == 'l') --runBytes;
+  if (runBytes > 0) {
+    copyBytes(format + 1, conversion.run, runBytes);
+    if (format[runBytes] == 'l') --runBytes;
+  }
   format[runBytes + 1] = *conversion.letter;
   format[runBytes + 2] = '\0';
   return format;
 }
 
-// The message always owns as many formats as `count` says, should memory run out on the way.
 struct Compile {
   void text(char const* begin, char const* end) noexcept {
     auto const bytes = static_cast<std::size_t>(end - begin);
@@ -70,7 +71,7 @@ struct Compile {
   char* out;
   Place* places;
   atr_translate::StrArgs* args;
-  int& count;
+  int count = 0;
   bool hasUnnumbered = false;
 };
 
@@ -139,13 +140,17 @@ void atr_translate::parse(char const* text, char const* end) {
     sorted = reinterpret_cast<StrArgs**>(
         newBlock(slots * (sizeof(void*) + sizeof(Place)) + sizeof(Place)));
   }
-  Place* const places = placesBehind(sorted, static_cast<int>(slots));
-  Compile compile{compiled, compiled, places, args, count};
+  count = static_cast<int>(slots);  // should memory run out on the way, all of them go
+  Place* const places = placesBehind(sorted, count);
+  Compile compile{compiled, compiled, places, args};
   scanTemplate(text, end, compile);
   *compile.out = '\0';
   if (slots == 0) return;
-  places[count] = {static_cast<std::size_t>(compile.out - compiled), 0};
-  std::copy_n(places, count + 1, placesBehind(sorted, count));
+  places[compile.count] = {static_cast<std::size_t>(compile.out - compiled), 0};
+  if (compile.count < count) {
+    count = compile.count;
+    std::copy_n(places, count + 1, placesBehind(sorted, count));
+  }
   sortSlots(compile.hasUnnumbered);
 }
 
@@ -220,7 +225,8 @@ void atr_translate::FixExponent(char* text) { shortenExponent(text); }
 
 void MessageSlots::take(atr_translate& message, Slot& slot, char* block,
                         std::size_t bytes) noexcept {
-  ::operator delete(slot.substitution);
+  if (slot.substitution != nullptr) [[unlikely]]
+    ::operator delete(slot.substitution);
   slot.substitution = block;
   placesBehind(message.sorted, message.count)[&slot - message.args].bytes = bytes;
 }
