@@ -41,15 +41,17 @@ bool isTriple(unsigned char const* p) noexcept {
 }
 
 // Over characters of three bytes, two at a time while there is a word to look at, but for the first
-// bytes E0 and ED, which have forms of no good.
+// bytes E0 and ED, which have forms of no good: one less than the low half of E0 borrows, and so
+// does one less than that of ED with D taken out of it.
 unsigned char const* skipTriples(unsigned char const* p, unsigned char const* end) noexcept {
-  constexpr unsigned int kGoodFirst = 0xDFFE;  // by the first byte's low bits
   constexpr std::uint64_t kMask = 0xC0C0F0C0C0F0;
   constexpr std::uint64_t kTwoTriples = 0x8080E08080E0;
+  constexpr std::uint64_t kFirsts = 0x000001000001;  // the lowest bit of each first byte
   while (kIsLittleEndian && end - p >= kWord) {
     std::uint64_t const word = loadWord(p);
-    unsigned int const isGood = kGoodFirst >> (word & 0xF) & kGoodFirst >> (word >> 24 & 0xF) & 1U;
-    if ((word & kMask) != kTwoTriples || isGood == 0) break;
+    std::uint64_t const low = word & 0xF * kFirsts;
+    std::uint64_t const less = (low - kFirsts) | ((low ^ 0xD * kFirsts) - kFirsts);
+    if ((((word & kMask) ^ kTwoTriples) | (less & 0x10 * kFirsts)) != 0) break;
     p += 6;
   }
   return p;
