@@ -40,27 +40,40 @@ constexpr int countMarks(std::uint64_t marks) noexcept {
 /// The index of the first byte marked, where words are little-endian. @pre there is one.
 constexpr int firstMark(std::uint64_t marks) noexcept { return std::countr_zero(marks) / 8; }
 
-/// As memcpy, without a call for up to 16 bytes: the ends are copied, and may overlap. `from` may
-/// be null for no bytes.
+/// Copies the first and the last `Piece` of a text, which may overlap.
+template <class Piece>
+inline void copyEnds(char* out, char const* from, std::size_t bytes) noexcept {
+  Piece first;
+  Piece last;
+  std::memcpy(&first, from, sizeof first);
+  std::memcpy(&last, from + bytes - sizeof last, sizeof last);
+  std::memcpy(out, &first, sizeof first);
+  std::memcpy(out + bytes - sizeof last, &last, sizeof last);
+}
+
+/// As memcpy, without a call for up to 16 bytes. `from` may be null for no bytes.
 inline void copyBytes(char* out, char const* from, std::size_t bytes) noexcept {
-  auto const copyEnds = [=]<class Word>(Word first) noexcept {
-    Word last;
-    std::memcpy(&first, from, sizeof first);
-    std::memcpy(&last, from + bytes - sizeof last, sizeof last);
-    std::memcpy(out, &first, sizeof first);
-    std::memcpy(out + bytes - sizeof last, &last, sizeof last);
-  };
   if (bytes > 16) {
     std::memcpy(out, from, bytes);
   } else if (bytes >= 8) {
-    copyEnds(std::uint64_t{});
+    copyEnds<std::uint64_t>(out, from, bytes);
   } else if (bytes >= 4) {
-    copyEnds(std::uint32_t{});
+    copyEnds<std::uint32_t>(out, from, bytes);
   } else if (bytes > 0) {
     out[0] = from[0];
     out[bytes / 2] = from[bytes / 2];
     out[bytes - 1] = from[bytes - 1];
   }
+}
+
+/// The same, without a call for up to 64 bytes.
+inline void copyText(char* out, char const* from, std::size_t bytes) noexcept {
+  struct TwoWords {
+    std::uint64_t words[2];
+  };
+  if (bytes <= 16 || bytes > 64) return copyBytes(out, from, bytes);
+  copyEnds<TwoWords>(out, from, bytes);
+  if (bytes > 32) copyEnds<TwoWords>(out + 16, from + 16, bytes - 32);
 }
 
 }  // namespace atr

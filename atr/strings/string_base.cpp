@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "atr/frame/platform.h"
+#include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
 #include "atr/strings/general_form.h"
 #include "atr/strings/summary.h"
@@ -101,8 +102,7 @@ void atr_StringBase::makeRep(int capacity, int length) {
   Blocks const fresh = takeBlocks(capacity != 0 ? capacity : length, length);
   rep = fresh.rep;
   body = fresh.body;
-  if (length > 0) [[likely]]
-    std::memcpy(fresh.body, text, static_cast<std::size_t>(length));
+  copyText(fresh.body, text, static_cast<std::size_t>(length));
   fresh.body[length] = '\0';
   reportCreated();
 }
