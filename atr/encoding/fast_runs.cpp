@@ -138,7 +138,8 @@ inline std::ptrdiff_t cutBefore(unsigned char const* p) noexcept {
 
 // Over blocks of strict characters of up to three bytes. A character may go on in the next block;
 // the last block ends with the text. @pre `p` has kLookBack bytes of the text before it.
-ATR_WIDE_VECTORS unsigned char const* skipBlocks(unsigned char const* p, unsigned char const* end) {
+[[gnu::always_inline]] inline unsigned char const* skipBlocks(unsigned char const* p,
+                                                              unsigned char const* end) {
   if (end - p < kBlock) return p;
   while (p != end) {
     unsigned char const* const block = end - p < kBlock ? end - kBlock : p;
@@ -176,7 +177,7 @@ unsigned char const* skipStrictUtf8ByBlocks(unsigned char const* p,
                                             unsigned char const* end) noexcept {
   goByBlocks(
       p, end, [&](unsigned char const* until) { p = skipStrictUtf8(p, until, end); },
-      [&] { p = skipBlocks(p, end); });
+      [&] { p = WideVectors<skipBlocks>::call(p, end); });
   return p;
 }
 
@@ -254,7 +255,8 @@ void narrow(TranscodingState& state, unsigned char const* until,
 }
 
 // Measures blocks of ASCII and such pairs, as skipBlocks goes, but leaves the last one.
-ATR_WIDE_VECTORS void measureNarrowBlocks(TranscodingState& state, unsigned char const* end) {
+[[gnu::always_inline]] inline void measureNarrowBlocks(TranscodingState& state,
+                                                       unsigned char const* end) {
   unsigned char const* p = state.text;
   while (end - p >= kBlock) {
     unsigned char bad = 0;
@@ -280,7 +282,7 @@ void narrowUtf8(TranscodingState& state, unsigned char const* end) {
   if (state.out != nullptr) return narrow<true>(state, end, end);
   goByBlocks(
       state.text, end, [&](unsigned char const* until) { narrow<false>(state, until, end); },
-      [&] { measureNarrowBlocks(state, end); });
+      [&] { WideVectors<measureNarrowBlocks>::call(state, end); });
 }
 
 void widenToUtf8(TranscodingState& state, unsigned char const* end) {

@@ -44,8 +44,8 @@ inline bool mayHold(char const* block, char first, char final, std::size_t lengt
 // Bytes of `p` in front of what strstr has to look at. Where either byte is frequent, that is many
 // times as fast; see the benchmark "Find in 10 kB". The blocks behind the first begin with a cache
 // line, since a load across two of them counts for two.
-ATR_WIDE_VECTORS std::size_t skipOthers(char const* p, std::size_t length, char const* text,
-                                        std::size_t textLength) {
+[[gnu::always_inline]] inline std::size_t skipOthers(char const* p, std::size_t length,
+                                                     char const* text, std::size_t textLength) {
   std::size_t at = 0;
   if (textLength == 0) return at;
   std::size_t step = kBlock - reinterpret_cast<std::uintptr_t>(p) % kCacheLine;
@@ -58,8 +58,8 @@ ATR_WIDE_VECTORS std::size_t skipOthers(char const* p, std::size_t length, char 
 
 // Back from `p`, of which it is known that `text` fits behind it, by blocks in which it does not
 // begin.
-ATR_WIDE_VECTORS char const* skipBackOthers(char const* p, char const* begin, char const* text,
-                                            std::size_t textLength) {
+[[gnu::always_inline]] inline char const* skipBackOthers(char const* p, char const* begin,
+                                                         char const* text, std::size_t textLength) {
   while (p - begin >= static_cast<std::ptrdiff_t>(kBlock) &&
          !mayHold(p - kBlock + 1, text[0], text[textLength - 1], textLength)) {
     p -= kBlock;
@@ -75,7 +75,7 @@ int atr_StringBase::Find(char const* text, int pos) const {
   if (pos > length || length == 0) return length;
   char const* const start = body + std::max(pos, 0);
   auto const rest = static_cast<std::size_t>(body + length - start);
-  std::size_t const skipped = skipOthers(start, rest, text, std::strlen(text));
+  std::size_t const skipped = WideVectors<skipOthers>::call(start, rest, text, std::strlen(text));
   char const* const found = std::strstr(start + skipped, text);
   return found != nullptr ? static_cast<int>(found - body) : length;
 }
@@ -107,7 +107,7 @@ int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const
   if (wanted > static_cast<std::size_t>(end)) return length;
   std::ptrdiff_t at = std::min(lastStart, end - static_cast<int>(wanted));
   while (at >= 0) {
-    at = skipBackOthers(body + at, body, text, wanted) - body;
+    at = WideVectors<skipBackOthers>::call(body + at, body, text, wanted) - body;
     std::ptrdiff_t const stop = std::max<std::ptrdiff_t>(at - (std::ptrdiff_t{kBlock} - 1), 0);
     for (; at >= stop; --at) {
       char const* const p = skipBackTo(text[0], body + at, body + stop);
