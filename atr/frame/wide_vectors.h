@@ -3,7 +3,7 @@
 #ifndef ATR_FRAME_WIDE_VECTORS_H
 #define ATR_FRAME_WIDE_VECTORS_H
 
-// The runs under the sanitizers have the narrow ones, so that a test run sees both.
+// The runs under the address sanitizer have the narrow ones, so that a test run sees both.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
 #define ATR_UNDER_SANITIZER
