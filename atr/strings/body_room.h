@@ -13,12 +13,13 @@ namespace atr {
 constexpr int kHeaderBytes = 12;
 constexpr int kUnitBytes = 32;      // an inline representation fills whole units
 constexpr int kMaxInlineUnits = 7;  // beside the first one
-constexpr int kMaxInlineCapacity = kUnitBytes * (kMaxInlineUnits + 1) - 18;
+constexpr int kUnitRounding = 17;   // bytes added to a capacity before it is cut to units
+constexpr int kMaxInlineCapacity = kUnitBytes * (kMaxInlineUnits + 1) - 1 - kUnitRounding;
 constexpr int kMaxCapacity = INT_MAX - 64;  // leaves room for the reckoning with units
 
 /// The `size` of an inline representation: what whole units leave beside the header.
 constexpr int inlineBodySize(int capacity) noexcept {
-  return ((capacity + 17) & -kUnitBytes) + kUnitBytes - kHeaderBytes;
+  return ((capacity + kUnitRounding) & -kUnitBytes) + kUnitBytes - kHeaderBytes;
 }
 
 /// The `size` of a representation that is made for `capacity` bytes of text.
