@@ -19,11 +19,12 @@ extern char const* const englishLocale;
 void publishVariable(char* nameAndValue) noexcept;
 
 /// Opens a regular file to read text, or answers null. A directory, a FIFO or a device counts as
-/// not opening, and none of them blocks.
+/// not opening, and is not touched. A file under a lease is waited for.
 std::FILE* openText(char const* path) noexcept;
 
-/// Whether a line end of CR LF in such a file arrives as LF.
-extern bool const joinsLineEnds;
+/// Whether such a file is read in text mode: a line end of CR LF arrives as LF, and a byte 1A ends
+/// the text. A read of more than one line may deliver what is behind that byte.
+extern bool const hasTextMode;
 
 /// What stands between the whole and the fraction of a number in the process locale.
 char const* decimalPoint() noexcept;

@@ -26,17 +26,21 @@ char const* const englishLocale = "en_US.UTF-8";
 
 void publishVariable(char* nameAndValue) noexcept { putenv(nameAndValue); }
 
+// Looks before it opens, since opening a FIFO lets its writer go; and again behind it, since the
+// file may have been replaced in between. O_NONBLOCK would refuse a file under a lease, which is
+// waited for here.
 std::FILE* openText(char const* path) noexcept {
-  int const file = open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-  if (file < 0) return nullptr;
   struct stat status;
+  if (stat(path, &status) != 0 || !S_ISREG(status.st_mode)) return nullptr;
+  int const file = open(path, O_RDONLY | O_NOCTTY | O_CLOEXEC);
+  if (file < 0) return nullptr;
   std::FILE* const stream =
       fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? fdopen(file, "r") : nullptr;
   if (stream == nullptr) close(file);
   return stream;
 }
 
-bool const joinsLineEnds = false;
+bool const hasTextMode = false;
 
 char const* decimalPoint() noexcept { return nl_langinfo(RADIXCHAR); }
 

@@ -20,19 +20,24 @@ char const* const englishLocale = "English_United States.1252";
 
 void publishVariable(char* nameAndValue) noexcept { _putenv(nameAndValue); }
 
-// Text mode by name: a client may have made binary mode the default of the process.
+static bool isRegular(struct _stat64 const& status) noexcept {
+  return (status.st_mode & _S_IFMT) == _S_IFREG;
+}
+
+// Looks before it opens, so that nothing else is touched, and again behind it, since the file may
+// have been replaced in between. Text mode by name: a client may have made binary mode the default
+// of the process.
 std::FILE* openText(char const* path) noexcept {
-  std::FILE* const stream = std::fopen(path, "rt");
   struct _stat64 status;
-  if (stream == nullptr ||
-      (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)) {
-    return stream;
-  }
+  if (_stat64(path, &status) != 0 || !isRegular(status)) return nullptr;
+  std::FILE* const stream = std::fopen(path, "rt");
+  if (stream == nullptr) return nullptr;
+  if (_fstat64(_fileno(stream), &status) == 0 && isRegular(status)) return stream;
   std::fclose(stream);
   return nullptr;
 }
 
-bool const joinsLineEnds = true;  // by text mode
+bool const hasTextMode = true;
 
 char const* decimalPoint() noexcept { return std::localeconv()->decimal_point; }
 

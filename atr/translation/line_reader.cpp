@@ -24,11 +24,26 @@ char* LineReader::findNewline() const noexcept {
       std::memchr(begin_, '\n', static_cast<std::size_t>(std::min(end_ - begin_, kMaxLine))));
 }
 
+namespace {
+
+// Of the bytes read those in front of the mark that ends a text in text mode.
+std::size_t bytesOfText(char const* read, std::size_t bytes) noexcept {
+  constexpr char kEndOfText = 0x1A;
+  auto const* const mark = platform::hasTextMode
+                               ? static_cast<char const*>(std::memchr(read, kEndOfText, bytes))
+                               : nullptr;
+  return mark != nullptr ? static_cast<std::size_t>(mark - read) : bytes;
+}
+
+}  // namespace
+
 void LineReader::refill() noexcept {
   auto const left = static_cast<std::size_t>(end_ - begin_);
   std::memmove(buffer_, begin_, left);
-  std::size_t const bytes = std::fread(buffer_ + left, 1, kRoom - left, stream_);
-  isAtEnd_ = bytes < kRoom - left;
+  std::size_t const room = kRoom - left;
+  std::size_t const bytes =
+      bytesOfText(buffer_ + left, std::fread(buffer_ + left, 1, room, stream_));
+  isAtEnd_ = bytes < room;
   begin_ = buffer_;
   end_ = buffer_ + left + bytes;
   *end_ = '\0';
@@ -59,7 +74,7 @@ char* LineReader::next(std::ptrdiff_t& bytes) noexcept {
   }
   char* const line = begin_;
   begin_ = newline != nullptr ? newline + 1 : line + std::min(end_ - line, kMaxLine);
-  nul_ = platform::joinsLineEnds ? begin_ : joinLineEnd(line, begin_);
+  nul_ = platform::hasTextMode ? begin_ : joinLineEnd(line, begin_);
   behind_ = *nul_;
   *nul_ = '\0';
   bytes = hasNul_ ? static_cast<std::ptrdiff_t>(std::strlen(line)) : nul_ - line;
