@@ -3,7 +3,7 @@
 
 #include "support/support.h"
 
-static test::Allocations watched = {0, 0, 0};
+static test::Allocations watched = {0, 0, 0, 0};
 static int failAfter = -1;
 static bool hasStruck = false;
 
@@ -23,15 +23,21 @@ void* __wrap_calloc(std::size_t count, std::size_t bytes) {
 }
 }
 
-void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept {
+static void* take(std::size_t bytes) noexcept {
   void* const block = std::malloc(bytes > 0 ? bytes : 1);
   if (block == nullptr) return nullptr;
-  watched = {watched.taken + 1, watched.freed, bytes};
+  ++watched.taken;
+  watched.lastBytes = bytes;
   return std::memset(block, 0xA5, bytes);
 }
 
+void* operator new(std::size_t bytes, std::nothrow_t const&) noexcept {
+  ++watched.nothrow;
+  return take(bytes);
+}
+
 void* operator new(std::size_t bytes) {
-  void* const block = operator new(bytes, std::nothrow);
+  void* const block = take(bytes);
   return block != nullptr ? block : throw std::bad_alloc();
 }
 

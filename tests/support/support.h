@@ -47,6 +47,7 @@ S tempFolder();
 struct Allocations {
   int taken, freed;       // blocks, null not counted
   std::size_t lastBytes;  // of the last block taken
+  int nothrow;            // taken by a form that a client need not have replaced
 };
 
 /// What operator new, which fills what it hands out, and delete did since the program began.
@@ -83,6 +84,9 @@ S picture(auto const& first, auto const&... others) {
   out << first, ((out << ' ' << others), ...);
   return out.str();
 }
+
+/// Seconds that the processor has been busy for this process. Other processes do not count.
+double cpuSeconds() noexcept;
 
 /// Ends the process, and writes the failures of the running test to the standard error stream.
 [[noreturn]] void exitWithFailures();
