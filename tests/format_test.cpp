@@ -41,6 +41,17 @@ TEST(Format, TemplatesAndValues) {
             "     |abc|ab   |abc||   ");
 }
 
+// A dictionary's slip in a width must not cost the text that is there, nor gigabytes.
+TEST(Format, FieldsLongerThanAString) {
+  atr_translate message("%2147483647s");
+  message.AddSubstitution(1, "old", nullptr);
+  for (char const* const format : {"%2147483647s", "%-2147483647s", "%99999999999s"}) {
+    EXPECT_THROW(message.AddSubstitution(1, "new", format), std::bad_alloc) << format;
+    EXPECT_EQ(textOf(message.Result()), "old") << format;
+  }
+  EXPECT_THROW(atr_SubstituteFormat(message, 1, "new"), std::bad_alloc);
+}
+
 TEST(Format, TranslationDecides) {
   char key[] = "%d of %s", form[] = "%2$s: %1$d, %9$d!";
   TranslationEntry entry = {key, form};
@@ -52,6 +63,12 @@ TEST(Format, TranslationDecides) {
   S const big(5000, 'x');
   EXPECT_EQ(substitute("%s\xE3\x82\xBD\\@", "ten"), "ten\x83\x5C");
   EXPECT_EQ(substitute("%s\xE3\x82\xBD" + big + "\xC0\x80" + big, "ten"), "ten\x83\x5C" + big);
+  S const longKey = "\xE3\x82\xBD" + big;
+  auto const before = allocations();
+  atr_translate const encoded(longKey.c_str());
+  auto const after = allocations();
+  EXPECT_EQ(picture(after.taken - before.taken, after.lastBytes), picture(1, 2 + big.size() + 1))
+      << "the compiled text alone";
 }
 
 TEST(Format, Conversions) {

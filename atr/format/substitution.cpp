@@ -6,6 +6,7 @@
 #include "atr/format/message_slots.h"
 #include "atr/format/template_scan.h"
 #include "atr/frame/words.h"
+#include "atr/strings/body_room.h"
 
 using namespace atr;
 
@@ -48,16 +49,11 @@ char* newText(char const* text, std::size_t bytes) {
   return block;
 }
 
-std::size_t fieldBytes(Field const& field, std::size_t used) noexcept {
-  return std::max(static_cast<std::size_t>(std::max(field.width, 0)), used);
-}
-
-// [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ]
-char* newField(char const* text, std::size_t used, Field const& field) {
-  std::size_t const total = fieldBytes(field, used);
+// [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ], of `total` bytes and the NUL.
+char* newField(char const* text, std::size_t used, std::size_t total, bool isLeft) {
   auto* const block = static_cast<char*>(::operator new(total + 1));
-  std::memset(block + (field.isLeft ? used : 0), ' ', total - used);
-  std::memcpy(block + (field.isLeft ? 0 : total - used), text, used);
+  std::memset(block + (isLeft ? used : 0), ' ', total - used);
+  std::memcpy(block + (isLeft ? 0 : total - used), text, used);
   block[total] = '\0';
   return block;
 }
@@ -77,7 +73,11 @@ void MessageSlots::putField(atr_translate& message, Slot& slot, char const* text
   Field const field = parseField(format);
   std::size_t const used =
       field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);
-  take(message, slot, newField(value, used, field), fieldBytes(field, used));
+  // A width from a template is anybody's number. A field that no string can hold is refused before
+  // anything changes.
+  std::size_t const total = std::max(static_cast<std::size_t>(std::max(field.width, 0)), used);
+  checkedLength(total);
+  take(message, slot, newField(value, used, total, field.isLeft), total);
 }
 
 void atr_translate::AddSubstitution(int position, char const* text, char const* format) {

@@ -52,10 +52,11 @@ char* copyFormat(Conversion const& conversion) {
   return format;
 }
 
+// Writes no further than the template has been read, so that the compiled text may take its place.
 struct Compile {
   void text(char const* begin, char const* end) noexcept {
     auto const bytes = static_cast<std::size_t>(end - begin);
-    copyBytes(out, begin, bytes);
+    moveBytesDown(out, begin, bytes);
     out += bytes;
   }
   void conversion(Conversion const& c) {
@@ -92,33 +93,12 @@ atr_translate::atr_translate(char const* text) : atr_translate() {
   source = text;
   if (text == nullptr) return;
   MessageText const message = atr_LookupMessage(text);
-  if (message.encodedBytes == 0) {
-    parse(message.text, message.text + message.bytes);
-  } else {
-    parseEncoded(message);
-  }
-}
-
-namespace {
-
-constexpr int kStackText = 4096;  // a longer one is too much for a small stack
-
-struct DeleteBlock {
-  void operator()(char* block) const noexcept { ::operator delete(block); }
-};
-
-}  // namespace
-
-void atr_translate::parseEncoded(MessageText const& message) {
-  char onStack[kStackText + 1];
-  std::unique_ptr<char, DeleteBlock> onHeap;
-  char* text = onStack;
-  if (message.encodedBytes > kStackText) {
-    onHeap.reset(newBlock(static_cast<std::size_t>(message.encodedBytes) + 1));
-    text = onHeap.get();
-  }
-  message.write(text);
-  parse(text, text + std::strlen(text));
+  bool const isEncoded = message.encodedBytes > 0;
+  auto const bytes = isEncoded ? static_cast<std::size_t>(message.encodedBytes) : message.bytes;
+  compiled = newBlock(static_cast<std::size_t>(checkedLength(bytes)) + 1);
+  if (isEncoded) message.write(compiled);
+  char const* const begin = isEncoded ? compiled : message.text;
+  parse(begin, begin + bytes);
 }
 
 atr_translate::~atr_translate() {
@@ -128,12 +108,12 @@ atr_translate::~atr_translate() {
   ::operator delete(compiled);
 }
 
-// A placeholder is no longer than the shortest conversion, so that the text never grows and its
-// length bounds the block. Where conversions were refused, there are fewer pointers than room for
-// them, and the places close up behind those.
+// Compiles the template into `compiled`, where it may stand already: a placeholder is no longer
+// than the shortest conversion, so that the text never grows and its length bounds the block. Where
+// conversions were refused, there are fewer pointers than room for them, and the places close up
+// behind those.
 void atr_translate::parse(char const* text, char const* end) {
   std::size_t const slots = countPercents(text, end);
-  compiled = newBlock(static_cast<std::size_t>(checkedLength(end - text)) + 1);
   if (slots > 0) {
     args = static_cast<StrArgs*>(::operator new(slots * sizeof(StrArgs)));
     std::uninitialized_default_construct_n(args, slots);
@@ -161,7 +141,7 @@ namespace {
 // The unnumbered slots, from left to right, get the numbers from 1 up that no slot holds. `marks`
 // has room for count + 1 bytes.
 void numberSlots(atr_translate::StrArgs* args, int count, char* marks) noexcept {
-  std::memset(marks, 0, static_cast<std::size_t>(count) + 1);
+  std::memset(marks, 0, std::size_t{static_cast<unsigned int>(count)} + 1);
   for (int i = 0; i < count; ++i) {
     if (args[i].position >= 0 && args[i].position <= count) marks[args[i].position] = 1;
   }

@@ -55,7 +55,8 @@ class atr_translate {
   /// Puts a copy of `text` in the place of the conversion at `position`; the last one wins. With a
   /// `format` other than a plain `%s`, its width, precision and leading `-` are applied, in bytes;
   /// a negative precision counts as none. A null text counts as empty, a null or empty format as
-  /// none.
+  /// none. A field that is longer than a string can be throws std::bad_alloc, and the text that the
+  /// conversion had stays.
   ATR_API void AddSubstitution(int position, char const* text, char const* format);
 
   /// Takes the 0 out of a three-digit exponent, such as e+005, that ends `text`.
@@ -73,14 +74,13 @@ class atr_translate {
   void ReportIllegalPosition(int position) const;
   StrArgs* slotAt(int position) const;
   void parse(char const* text, char const* end);
-  void parseEncoded(atr::MessageText const& message);
   void sortSlots(bool hasUnnumbered);
 
   char const* source;  // the caller's pointer; not read again
   int count;           // conversions
   StrArgs* args;       // in template order; may have more elements than `count`
   StrArgs** sorted;    // [ `count` pointers by number | `count` places in template order | end ]
-  char* compiled;      // text with "%s" at each conversion
+  char* compiled;      // text with "%s" at each conversion, in a block of the template's size
 };
 
 #endif  // ATR_FORMAT_TRANSLATE_H

@@ -66,7 +66,16 @@ inline void copyBytes(char* out, char const* from, std::size_t bytes) noexcept {
   }
 }
 
-/// The same, without a call for up to 64 bytes.
+/// As copyBytes, to a place that may be in front of `from` in one text.
+inline void moveBytesDown(char* out, char const* from, std::size_t bytes) noexcept {
+  if (bytes > 16) {
+    std::memmove(out, from, bytes);
+  } else {
+    copyBytes(out, from, bytes);  // loads each piece before it stores into its place
+  }
+}
+
+/// As copyBytes, without a call for up to 64 bytes.
 inline void copyText(char* out, char const* from, std::size_t bytes) noexcept {
   struct TwoWords {
     std::uint64_t words[2];

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "atr/encoding/encoding_table.h"
+#include "atr/frame/platform.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
 #include "atr/strings/fresh_text.h"
@@ -45,10 +46,35 @@ bool isAscii(std::string_view text) noexcept {
   return (bits & kHighBits) == 0;
 }
 
+// Codes that may be written as a NUL end in twelve bits of zero: 0 itself in an overlong form, and
+// on a platform that keeps 16 bits of a code the multiples of 0x10000.
+bool mayEncodeNul(std::string_view text) noexcept {
+  return text.find("\x80\x80") != text.npos || text.find("\xC0\x80") != text.npos;
+}
+
+// Bytes of good UTF-8 in front of the first character that is written as a NUL.
+std::size_t bytesBeforeNul(std::string_view text) noexcept {
+  EncodingOps const& from = atr_encoding_row(EncodingUtf8);
+  EncodingOps const& to = atr_encoding_row(EncodingLocale);
+  auto const* const begin = reinterpret_cast<unsigned char const*>(text.data());
+  auto const* p = begin;
+  for (int length = 0; p != begin + text.size(); p += length) {
+    unsigned char form[platform::kCharacterRoom];
+    int const bytes = to.encode(form, from.decode(p, &length));
+    if (bytes > 0 && std::memchr(form, 0, static_cast<std::size_t>(bytes)) != nullptr) break;
+  }
+  return static_cast<std::size_t>(p - begin);
+}
+
+// A text ends at its first NUL, that of its encoded form too.
 MessageText ownText(std::string_view key) noexcept {
   std::string_view const text = withoutTail(key);
   MessageText message = {text.data(), text.size(), 0};
-  if (!isAscii(text)) message.encodedBytes = std::max(encode(message, nullptr), 0);
+  if (isAscii(text)) return message;
+  message.encodedBytes = std::max(encode(message, nullptr), 0);
+  if (message.encodedBytes == 0 || !mayEncodeNul(text)) return message;
+  message.bytes = bytesBeforeNul(text);
+  message.encodedBytes = encode(message, nullptr);
   return message;
 }
 
@@ -73,9 +99,6 @@ atr_String atr_raw(char const* key) {
     return atr_String(message.text, checkedLength(message.bytes));
   }
   FreshText result(message.encodedBytes);
-  char* const text = result.begin();
-  message.write(text);
-  std::size_t const bytes = std::strlen(text);
-  if (static_cast<int>(bytes) < message.encodedBytes) return atr_String(text);
-  return result.finish(text + bytes);
+  message.write(result.begin());
+  return result.finish(result.begin() + message.encodedBytes);
 }

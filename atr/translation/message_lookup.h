@@ -14,7 +14,7 @@ struct MessageText {
   std::size_t bytes;  ///< of `text` that count
   int encodedBytes;   ///< as which they are to be written, or 0 if the text stands as it is
 
-  /// Writes the encoded form and a NUL. It may hold further NULs, and then ends at the first.
+  /// Writes the encoded form, which holds no NUL, and a NUL behind it.
   /// @pre `out` has encodedBytes + 1 bytes, and the locale is that of the lookup.
   void write(char* out) const noexcept;
 };
