@@ -1,10 +1,9 @@
 // What begins first ends last: pools, then summary; summary, then pools.
 #include "atr/strings/string_module.h"
 
-#include <new>
-
 #include "atr/strings/allocator.h"
 #include "atr/strings/body_room.h"
+#include "atr/strings/new_or_null.h"
 #include "atr/strings/summary.h"
 
 atr_Allocator* atr_repPool = nullptr;
@@ -23,9 +22,9 @@ void destroyPool(atr_Allocator*& pool) noexcept {
 }  // namespace
 
 void atr_stringInitialize() {
-  atr_repPool = new (std::nothrow) atr_Allocator(atr::kHeaderBytes, 0, kDefaultSlab);
+  atr_repPool = atr::newOrNull<atr_Allocator>(atr::kHeaderBytes, 0, kDefaultSlab);
   atr_bodyPool =
-      new (std::nothrow) atr_Allocator(atr::kUnitBytes, atr::kMaxInlineUnits, kBodySlabBytes);
+      atr::newOrNull<atr_Allocator>(atr::kUnitBytes, atr::kMaxInlineUnits, kBodySlabBytes);
   atr_summaryInitialize();
 }
 

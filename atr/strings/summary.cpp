@@ -6,7 +6,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <new>
+
+#include "atr/strings/new_or_null.h"
 
 atr_StringSummary* atr_summary = nullptr;
 
@@ -71,7 +72,7 @@ void atr_StringSummary::Report() const {
 
 void atr_summaryInitialize() noexcept {
   if (std::getenv("ATR_SUMMARY") == nullptr) return;
-  atr_summary = new (std::nothrow) atr_StringSummary();
+  atr_summary = atr::newOrNull<atr_StringSummary>();
 }
 
 void atr_summaryFinalize() {

@@ -1,7 +1,9 @@
-// A radix sort from the first byte on, over eight bytes of each key at a time: what they have in
-// common is passed by at a glance, and few keys are sorted by comparing.
+// sortInPlace merges by rotation. sortByPrefixes is a radix sort from the first byte on, over eight
+// bytes of each key at a time: what they have in common is passed by at a glance, and few keys are
+// sorted by comparing.
 #include "atr/translation/key_sort.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -15,9 +17,53 @@ namespace atr {
 
 namespace {
 
+constexpr int kFew = 16;  // keys that cost less to insert one by one than to merge or to count
+
+bool precedes(TranslationEntry const& a, TranslationEntry const& b) noexcept {
+  return std::strcmp(a.key, b.key) < 0;
+}
+
+void insertOneByOne(TranslationEntry* first, TranslationEntry* last) noexcept {
+  for (TranslationEntry* next = first; next < last; ++next) {
+    std::rotate(std::upper_bound(first, next, *next, precedes), next, next + 1);
+  }
+}
+
+// Merges two sorted halves. The larger one is cut in its middle, and the other where that key
+// belongs; a rotation then brings the two inner pieces into order, and each side is merged alone.
+void mergeInPlace(TranslationEntry* first, TranslationEntry* middle,
+                  TranslationEntry* last) noexcept {
+  while (first != middle && middle != last && precedes(*middle, middle[-1])) {
+    TranslationEntry* leftCut = first + (middle - first) / 2;
+    TranslationEntry* rightCut = middle + (last - middle) / 2;
+    if (middle - first >= last - middle) {
+      rightCut = std::lower_bound(middle, last, *leftCut, precedes);
+    } else {
+      leftCut = std::upper_bound(first, middle, *rightCut, precedes);
+    }
+    TranslationEntry* const newMiddle = std::rotate(leftCut, middle, rightCut);
+    mergeInPlace(first, leftCut, newMiddle);
+    first = newMiddle;
+    middle = rightCut;
+  }
+}
+
+void sortRange(TranslationEntry* first, TranslationEntry* last) noexcept {
+  if (last - first <= kFew) return insertOneByOne(first, last);
+  TranslationEntry* const middle = first + (last - first) / 2;
+  sortRange(first, middle);
+  sortRange(middle, last);
+  mergeInPlace(first, middle, last);
+}
+
+}  // namespace
+
+void sortInPlace(TranslationEntry* first, int count) noexcept { sortRange(first, first + count); }
+
+namespace {
+
 constexpr int kPrefix = sizeof(std::uint64_t);
 constexpr int kByteValues = 256;
-constexpr int kFew = 16;  // keys that cost less to compare than to count
 
 struct Keyed {
   std::uint64_t prefix;  // the next bytes of the key, the first of them highest; 0 behind its end

@@ -21,17 +21,12 @@ int atr_trCompareKeys(void const* a, void const* b) noexcept {
   return (order > 0) - (order < 0);
 }
 
-static void sortByComparing() noexcept {
-  std::stable_sort(atr_trTable.entries, atr_trTable.entries + atr_trTable.count,
-                   [](TranslationEntry const& a, TranslationEntry const& b) {
-                     return atr_trCompareKeys(&a, &b) < 0;
-                   });
-}
-
 void atr_trSort() noexcept {
   keyIndex.build(atr_trTable);
   bool const isLarge = atr_trTable.count >= kFewEntries;
-  if (!isLarge || !sortByPrefixes(atr_trTable.entries, atr_trTable.count)) sortByComparing();
+  if (!isLarge || !sortByPrefixes(atr_trTable.entries, atr_trTable.count)) {
+    sortInPlace(atr_trTable.entries, atr_trTable.count);
+  }
 }
 
 // Apart, so that the way of every lookup saves no registers for it.
