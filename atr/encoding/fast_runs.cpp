@@ -183,11 +183,11 @@ unsigned char const* skipStrictUtf8ByBlocks(unsigned char const* p,
 
 namespace {
 
-// Passes on the bytes up to `to` as they are.
+// Passes on the bytes up to `to` as they are. The output may be the text itself.
 void copyTo(TranscodingState& state, unsigned char const* to) noexcept {
   auto const bytes = static_cast<std::size_t>(to - state.text);
   if (state.out != nullptr) {
-    std::memcpy(state.out, state.text, bytes);
+    std::memmove(state.out, state.text, bytes);
     state.out += bytes;
   }
   state.text = to;

@@ -21,7 +21,8 @@ ATR_API bool atr_encoding_validate(int encoding, unsigned char const* text);
 
 /// Converts NUL-terminated UTF-8 to `encoding`. With a null `out` it only measures: call it so,
 /// take the result plus one bytes, and call it again.
-/// @pre `text` is not null; `out` has that room and does not overlap `text`.
+/// @pre `text` is not null; `out` has that room. It does not overlap `text`, unless it is `text`
+///   and, at no character, more has been written than read: UTF-8 to single bytes, for one.
 /// @param substitute the byte that stands for a character the encoding has no form for; 0 fails.
 /// @return bytes of output without its terminator; -1 if the text is not UTF-8 or the output
 ///   would have INT_MAX bytes or more, -2 if a character has no form and there is no substitute,
