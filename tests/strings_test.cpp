@@ -1,4 +1,5 @@
 // Strings: every operation in every kind of body, shared and not.
+#include <cfenv>
 #include <cmath>
 #include <random>
 
@@ -103,6 +104,24 @@ TEST(Strings, SizeClasses) {
   }
 }
 
+// Of a text that was lent only the lender knows the end: a cut can be undone.
+TEST(Strings, LengthOfABorrowedText) {
+  Text s("a lent text", 6, Text::BorrowText);
+  for (auto const& [length, text] :
+       {std::pair(0, ""), {11, "a lent text"}, {-1, ""}, {6, "a lent"}}) {
+    s.SetStringLength(length);
+    EXPECT_EQ(textOf(s), text) << "SetStringLength(" << length << ")";
+  }
+  EXPECT_EQ(std::as_const(s)[6], '\0') << "the lender's blank is no part of the string";
+}
+
+TEST(Strings, SpareBytesAreReadAsTheyAreWritten) {
+  Text s("ab");
+  s[10] = '!';
+  EXPECT_EQ(std::as_const(s)[10], '!');
+  EXPECT_EQ(std::as_const(s)[s.rep->size], '\0') << "behind the body";
+}
+
 TEST(Strings, NullAndEmpty) {
   for (Text const& s :
        {Text(), Text(""), Text(static_cast<char const*>(nullptr)), Text(kAB.extract(7, ',')),
@@ -112,6 +131,11 @@ TEST(Strings, NullAndEmpty) {
        {Text("", 0), Text(kX.Substr(1, 5)), Text(Text().Substr(0, 0)), Text(Text() + Text()),
         Text(Text("a").Erase(0, 1)), Text(kX.Substr(SIZE_MAX, SIZE_MAX))})
     EXPECT_TRUE(s.rep != nullptr && s.rep->size == 20 && s.IsEmpty());
+}
+
+TEST(Strings, NothingIsLookedForAtNoText) {
+  EXPECT_EQ(kAB.rfind(nullptr, 0, 5), 2);
+  EXPECT_EQ(kAB.rfind(nullptr, 1, 0), 2);
 }
 
 TEST(Strings, SharingAndMoving) {
@@ -139,10 +163,42 @@ TEST(Strings, MissingMemoryForLongTexts) {
   EXPECT_THROW(s.append("x", kAll, 0, kAll), std::bad_alloc);
   EXPECT_THROW(s.Substitute("a", "aa", kAll), std::bad_alloc);
   EXPECT_THROW(Text(s.body, kAll, Text::AdoptBlock), std::bad_alloc);
+  EXPECT_EQ(make(4, "a").length() +
+                Text(static_cast<char*>(::operator new(1)), kAll - 1, Text::AdoptBlock).length(),
+            z(kAll));
+  Text lent("text", kAll, Text::BorrowText);
+  EXPECT_EQ(lent.length(), z(kAll));
+  EXPECT_THROW(lent[0], std::bad_alloc) << "one byte more than a body of our own can have";
   EXPECT_STREQ(Text("//").Substitute("/", "/", kAll).Substitute("/", "\\", kAll).c_str(), "\\\\");
   failAllocation(0);
   EXPECT_THROW(Text(adopted.body, 1, Text::AdoptBlock), std::bad_alloc) << "still the caller's";
   EXPECT_EQ(look(s) + look(adopted), "ab|1a|1");
+}
+
+// The text of a pattern ends at its NUL, its length does not; and no state of the string and no
+// summary may change what comes out.
+TEST(Strings, SubstituteOfTextsWithNuls) {
+  auto const substitute = [](S const& from, S const& to, bool isShared, bool hasSummary) {
+    atr_StringSummary record{};
+    Text s("xMyz");
+    Text const share = isShared ? s : Text();
+    atr_summary = hasSummary ? &record : nullptr;
+    s.Substitute(make(1, from), make(1, to), 9);
+    atr_summary = nullptr;
+    return textOf(s);
+  };
+  std::tuple<char const*, S, S, S> const rows[] = {
+      {"both", "M\0"s, "wwwww\0"s, "xwwwww\0z"s},
+      {"of one length", "M\0"s, "w\0"s, "xw\0z"s},
+      {"in the pattern, which comes again", "M\0"s, "wM", "xwwwwwwwwwM"},
+      {"in the replacement", "M", "w\0"s, "xw\0yz"s},
+  };
+  for (auto const& [where, from, to, expected] : rows) {
+    for (int state = 0; state < 4; ++state) {
+      EXPECT_EQ(substitute(from, to, state % 2 == 1, state > 1), expected)
+          << where << (state % 2 == 1 ? ", shared" : "") << (state > 1 ? ", with a summary" : "");
+    }
+  }
 }
 
 TEST(Strings, Numbers) {
@@ -180,6 +236,32 @@ TEST(Strings, Fields) {
   }
   EXPECT_EQ(look(Text("a,b").extract(0, 0)) + look(Text("a,b").extract(1, 0)), "a,b|1|1");
   EXPECT_NE(Text(Text("\\").extract(0, ',', '\\')).rep, nullptr);
+}
+
+// As printf has it in each rounding mode, also what is no number.
+static void isPrintedAsByTheRuntime(double value) {
+  constexpr std::pair<int, char const*> kModes[] = {{FE_TONEAREST, "to the nearest"},
+                                                    {FE_UPWARD, "upward"},
+                                                    {FE_DOWNWARD, "downward"},
+                                                    {FE_TOWARDZERO, "toward zero"}};
+  auto const narrow = static_cast<float>(value);
+  for (auto const& [mode, name] : kModes) {
+    char full[40], general[40];
+    std::fesetround(mode);
+    std::snprintf(full, sizeof full, "%.15g", value);
+    std::snprintf(general, sizeof general, "%g", static_cast<double>(narrow));
+    S const texts = picture(Text(value).c_str(), Text(narrow).c_str());
+    std::fesetround(FE_TONEAREST);
+    ASSERT_EQ(texts, picture(full, general)) << "rounding " << name;
+  }
+}
+
+TEST(Strings, NumbersFollowTheRuntime) {
+  std::mt19937_64 random(4);
+  double const nan = std::nan("");
+  for (double const value : {nan, -nan, HUGE_VAL, -HUGE_VAL, 0.0, -0.0, 0.1, 2.5, 999999.5, 1e-310})
+    isPrintedAsByTheRuntime(value);
+  for (int n = 0; n < 20000; ++n) isPrintedAsByTheRuntime(std::bit_cast<double>(random()));
 }
 
 // Both ways beside printf: bits, short and long decimals, powers, midpoints.

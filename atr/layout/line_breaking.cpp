@@ -135,7 +135,7 @@ atr_String copyWithRoom(char const* text, int length, int capacity) {
 
 // Gives a folded text the room that it is defined to have, which is mostly what it was folded in.
 atr_String finish(atr_String&& folded, int length, int capacity) {
-  if (bodySize(capacity) != bodySize(static_cast<int>(folded.length()))) {
+  if (!isSameRoom(capacity, static_cast<int>(folded.length()))) {
     return copyWithRoom(folded.c_str(), length, capacity);
   }
   folded[length] = '\0';

@@ -15,16 +15,24 @@ constexpr int kUnitBytes = 32;      // an inline representation fills whole unit
 constexpr int kMaxInlineUnits = 7;  // beside the first one
 constexpr int kUnitRounding = 17;   // bytes added to a capacity before it is cut to units
 constexpr int kMaxInlineCapacity = kUnitBytes * (kMaxInlineUnits + 1) - 1 - kUnitRounding;
-constexpr int kMaxCapacity = INT_MAX - 64;  // leaves room for the reckoning with units
+constexpr int kMaxCapacity = INT_MAX - 1;  // an int counts the text and its NUL
 
 /// The `size` of an inline representation: what whole units leave beside the header.
 constexpr int inlineBodySize(int capacity) noexcept {
   return ((capacity + kUnitRounding) & -kUnitBytes) + kUnitBytes - kHeaderBytes;
 }
 
-/// The `size` of a representation that is made for `capacity` bytes of text.
-constexpr int bodySize(int capacity) noexcept {
-  return capacity <= kMaxInlineCapacity ? inlineBodySize(capacity) : capacity + 1;
+/// The `size` of a representation that is made for `capacity` bytes of text. An int holds it up to
+/// kMaxCapacity; a borrowed text may be a byte longer.
+constexpr std::int64_t bodySize(int capacity) noexcept {
+  return capacity <= kMaxInlineCapacity ? inlineBodySize(capacity) : std::int64_t{capacity} + 1;
+}
+
+/// True if both capacities lead to bodies of one size and kind. An inline body of 244 bytes and a
+/// separate one of 244 are told apart.
+constexpr bool isSameRoom(int capacity, int other) noexcept {
+  bool const areInline = capacity <= kMaxInlineCapacity;
+  return bodySize(capacity) == bodySize(other) && areInline == (other <= kMaxInlineCapacity);
 }
 
 /// A length that a string can have, or std::bad_alloc. A count of any integer type.

@@ -17,15 +17,16 @@ namespace {
 
 constexpr int kRoom = 24;  // a sign, 17 digits, a point and an exponent
 
-// digit . digits times ten to the exponent
+// digit . digits times ten to the exponent. Counts are unsigned: where an optimiser of the whole
+// program sees them become sizes, it warns of signed ones.
 struct Decimal {
   char digits[kRoom];
-  int count;
+  unsigned int count;
   int exponent;
 };
 
-char* put(char* out, char const* text, int bytes) noexcept {
-  copyBytes(out, text, static_cast<std::size_t>(bytes));
+char* put(char* out, char const* text, unsigned int bytes) noexcept {
+  copyBytes(out, text, bytes);
   return out + bytes;
 }
 
@@ -36,7 +37,7 @@ Decimal shortestOf(double magnitude) noexcept {
   char* const end = std::to_chars(text, text + kRoom, magnitude, std::chars_format::scientific).ptr;
   char* const e = end - (end[-4] == 'e' ? 4 : 5);
   decimal.digits[0] = text[0];
-  decimal.count = std::max(static_cast<int>(e - text) - 1, 1);
+  decimal.count = std::max(static_cast<unsigned int>(e - text) - 1, 1U);
   put(decimal.digits + 1, text + 2, decimal.count - 1);
   for (char const* p = e + 2; p != end; ++p) decimal.exponent = decimal.exponent * 10 + (*p - '0');
   if (e[1] == '-') decimal.exponent = -decimal.exponent;
@@ -54,7 +55,7 @@ void roundUp(Decimal& decimal) noexcept {
 }
 
 // Leaves no zero at the end. False for a midpoint.
-bool roundTo(int precision, Decimal& decimal) noexcept {
+bool roundTo(unsigned int precision, Decimal& decimal) noexcept {
   if (decimal.count <= precision) return true;
   char const next = decimal.digits[precision];
   if (next == '5' && decimal.count == precision + 1) return false;
@@ -77,12 +78,12 @@ char* layOut(char* out, Decimal const& decimal, int precision) noexcept {
   bool const isScientific = decimal.exponent < -4 || decimal.exponent >= precision;
   int const before = isScientific ? 1 : decimal.exponent + 1;  // digits in front of the point
   if (before <= 0) {
-    out = put(out, "0.000", 2 - before);
+    out = put(out, "0.000", static_cast<unsigned int>(2 - before));
     return put(out, decimal.digits, decimal.count);
   }
-  int const given = std::min(before, decimal.count);
+  unsigned int const given = std::min(static_cast<unsigned int>(before), decimal.count);
   out = put(out, decimal.digits, given);
-  out = std::fill_n(out, before - given, '0');
+  out = std::fill_n(out, static_cast<unsigned int>(before) - given, '0');
   if (given < decimal.count) {
     *out++ = '.';
     out = put(out, decimal.digits + given, decimal.count - given);
@@ -96,7 +97,8 @@ char* layOut(char* out, Decimal const& decimal, int precision) noexcept {
 char* printGeneral(char* out, double value, int precision) noexcept {
   if (!std::isnormal(value)) return printGeneralExactly(out, value, precision);
   Decimal decimal = shortestOf(std::abs(value));
-  if (!roundTo(precision, decimal)) return printGeneralExactly(out, value, precision);
+  if (!roundTo(static_cast<unsigned int>(precision), decimal))
+    return printGeneralExactly(out, value, precision);
   if (std::signbit(value)) *out++ = '-';
   return layOut(out, decimal, precision);
 }

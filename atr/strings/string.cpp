@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "atr/frame/words.h"
+#include "atr/strings/body_room.h"
 
 using namespace atr;
 
@@ -64,13 +65,15 @@ Field findField(atr_String const& string, int index, char delimiter) noexcept {
   return {end != begin ? begin : nullptr, static_cast<int>(end - begin)};
 }
 
+int roomFor(Field const& field) { return checkedLength(std::int64_t{field.bytes} + 1); }
+
 }  // namespace
 
 atr_String atr_String::extract(int index, char delimiter) const {
   atr_String result;
   Field const field = findField(*this, index, delimiter);
   if (field.text == nullptr) return result;
-  result.isolate(field.bytes + 1);
+  result.isolate(roomFor(field));
   copyBytes(result.body, field.text, static_cast<std::size_t>(field.bytes));
   result.body[field.bytes] = '\0';
   result.rep->length = field.bytes;
@@ -81,7 +84,7 @@ atr_String atr_String::extract(int index, char delimiter, char escape) const {
   atr_String result;
   Field const field = findField(*this, index, delimiter);
   if (field.text == nullptr) return result;
-  result.isolate(field.bytes + 1);
+  result.isolate(roomFor(field));
   char* out = result.body;
   for (char const *p = field.text, *const end = p + field.bytes; p != end; ++p) {
     if (*p == escape) {

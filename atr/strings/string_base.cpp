@@ -3,7 +3,12 @@
 #include "atr/strings/string_base.h"
 
 #include <algorithm>
+#include <cfenv>
 #include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <memory>
@@ -13,6 +18,7 @@
 #include "atr/frame/platform.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
+#include "atr/strings/exponent.h"
 #include "atr/strings/general_form.h"
 #include "atr/strings/summary.h"
 #include "atr/strings/working_string.h"
@@ -43,7 +49,7 @@ struct DeleteBlock {
 
 // Apart, so that the short texts do not pay for its guard.
 [[gnu::noinline]] Blocks takeTwoBlocks(int capacity, int length) {
-  int const size = bodySize(checkedLength(capacity));
+  auto const size = static_cast<int>(bodySize(checkedLength(capacity)));
   std::unique_ptr<void, DeleteBlock> header(::operator new(kHeaderBytes));
   auto* const body = static_cast<char*>(::operator new(static_cast<std::size_t>(size)));
   return {new (header.release()) atr_StringRep{1, size, length}, body};
@@ -111,8 +117,17 @@ namespace {
 
 constexpr std::size_t kNumberRoom = 80;  // for a point of many bytes
 
-// As printf prints it in the locale.
+// What the fast way gives is defined for numbers that are rounded to the nearest.
+bool isPrintedByRuntime(double value) noexcept {
+  return !std::isfinite(value) || std::fegetround() != FE_TONEAREST;
+}
+
+// As printf prints it in the locale: sign of a NaN, rounding mode and decimal point.
 int print(char (&text)[kNumberRoom], double value, int precision) noexcept {
+  if (isPrintedByRuntime(value)) [[unlikely]] {
+    int const bytes = std::snprintf(text, kNumberRoom, "%.*g", precision, value);
+    return bytes - shortenExponent(text);
+  }
   char* const end = printGeneral(text, value, precision);
   auto const bytes = static_cast<std::size_t>(end - text);
   auto* const dot = static_cast<char*>(std::memchr(text, '.', bytes));
@@ -157,8 +172,7 @@ atr_StringBase::atr_StringBase(char const* text, int length) : atr_StringBase() 
 
 atr_StringBase::atr_StringBase(char const* text, int length, Borrow) : atr_StringBase() {
   if (text == nullptr) return;
-  int const textLength = checkedLength(std::max(length, 0));
-  rep = new (::operator new(kHeaderBytes)) atr_StringRep{1, 0, textLength};
+  rep = new (::operator new(kHeaderBytes)) atr_StringRep{1, 0, std::max(length, 0)};
   body = const_cast<char*>(text);  // size 0 keeps every writer away from it
   reportCreated();
 }
@@ -250,6 +264,8 @@ void atr_StringBase::isolate(int n) {
   ::operator delete(ending.separateBody);
 }
 
+// The new block is taken before the old header is freed, so that a failure changes nothing. That
+// changes the order of the blocks alone: the summary is told of the end before the new beginning.
 char* atr_StringBase::get(int n) {
   int const capacity = std::max(n, 0);
   if (isSoleOwnerWithRoom(capacity)) return nullptr;

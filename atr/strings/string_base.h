@@ -130,7 +130,8 @@ class atr_StringBase {
   /// As replace with all `srcLength` bytes of `src`, by way of a private copy of them.
   ATR_API atr_StringBase& Replace(int pos, int count, char const* src, int srcLength);
 
-  /// The byte at `i`; NUL for an index outside the text.
+  /// The byte at `i`, also one of the body's spare bytes behind the text; NUL for an index outside
+  /// the body. A borrowed body ends with its text.
   ATR_API char operator[](int i) const;
 
   /// The byte at `i` of a body that this string alone holds. The reference is good until the next
@@ -139,8 +140,8 @@ class atr_StringBase {
   ATR_API char& operator[](int i);
 
   /// Sets the length, and nothing else, after the caller has written a text and its NUL into the
-  /// body. `n` is cut to what a body has room for, and a borrowed text to its length. Silent on the
-  /// null representation.
+  /// body. `n` is cut to what a body has room for. Silent on the null representation.
+  /// @pre a borrowed body has a NUL at `n`, which may be beyond the length it had.
   ATR_API void SetStringLength(int n);
 
   /// Position of the first `text` at or after `pos`, or the length. The search ends at the first
@@ -151,12 +152,12 @@ class atr_StringBase {
   /// Position of the last `text` that starts at or before `lastStart`, or the length. Finds nothing
   /// for a `lastStart` or a `textLength` of 0; else both texts are ended by their first NUL. An
   /// empty `text` is found at the smaller of `lastStart` and length - 1.
-  /// @pre `text` is not null.
+  /// @pre `text` is not null, unless `lastStart` or `textLength` is 0.
   ATR_API int rfind(char const* text, int textLength, int lastStart) const;
 
   /// Replaces the first `from` by `to`, up to `count` times, each time looking from the start: a
   /// `to` that holds `from` goes on until the count runs out, or the length does. If memory runs
-  /// out, the replacements made so far stand.
+  /// out, the text is whole, and some of the replacements may have been made.
   /// @pre neither `from` nor `to` is this object.
   ATR_API atr_StringBase& Substitute(atr_StringBase const& from, atr_StringBase const& to,
                                      int count);

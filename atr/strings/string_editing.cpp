@@ -1,5 +1,7 @@
 // Edits at a position. All of them go through splice, which copies each kept byte once at the most.
 #include <algorithm>
+#include <climits>
+#include <cstdint>
 #include <cstring>
 #include <new>
 
@@ -63,14 +65,18 @@ atr_StringBase& atr_StringBase::Replace(int pos, int count, char const* src, int
   return replace(pos, count, copy.body, copy.rep->length, 0, kAll);
 }
 
+// The spare bytes of a body can be read as they can be written. Of a lender's text no more is known
+// than its length.
 char atr_StringBase::operator[](int i) const {
-  return i >= 0 && i < lengthOf(*this) ? body[i] : '\0';
+  if (rep == nullptr) return '\0';
+  int const room = rep->size > 0 ? rep->size : rep->length;
+  return i >= 0 && i < room ? body[i] : '\0';
 }
 
 // An index behind the text may still be in the body; one outside gets a spare byte of it.
 char& atr_StringBase::operator[](int i) {
   int const length = lengthOf(*this);
-  int const room = isSoleOwnerWithRoom(length) ? rep->size : bodySize(length);
+  std::int64_t const room = isSoleOwnerWithRoom(length) ? rep->size : bodySize(length);
   bool const isInBody = i >= 0 && i < room;
   isolate(isInBody ? length : checkedLength(std::int64_t{length} + 1));
   return body[isInBody ? i : length + 1];
@@ -78,6 +84,7 @@ char& atr_StringBase::operator[](int i) {
 
 void atr_StringBase::SetStringLength(int n) {
   if (rep == nullptr) return;
-  int const most = rep->size > 0 ? rep->size - 1 : rep->length;
+  int const most =
+      rep->size > 0 ? rep->size - 1 : INT_MAX;  // what was lent is the lender's to know
   rep->length = std::clamp(n, 0, most);
 }

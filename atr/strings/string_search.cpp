@@ -98,9 +98,9 @@ char const* skipBackTo(char wanted, char const* p, char const* begin) noexcept {
 }  // namespace
 
 int atr_StringBase::rfind(char const* text, int textLength, int lastStart) const {
-  assert(text != nullptr);
   int const length = lengthOf(*this);
   if (textLength == 0 || lastStart <= 0 || length == 0) return length;
+  assert(text != nullptr);
   std::size_t const wanted = std::strlen(text);
   if (wanted == 0) return std::min(lastStart, length - 1);
   int const end = textEnd();

@@ -2,6 +2,7 @@
 // where the passes come to one sweep over the text, the sweeps beside it take linear time.
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 #include "atr/strings/body_room.h"
@@ -50,11 +51,13 @@ atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_Strin
   int at = Find(textOf(pattern), 0);
   if (at == lengthOf(*this)) return *this;
   Replacement const r = {textOf(pattern), textOf(replacement)};
-  if (r.to.find(r.from) != r.to.npos) {
+  // A NUL within one of them ends what is looked for, but not what is replaced: passes alone do
+  // both.
+  bool const hasNul = std::ssize(r.from) != fromLength || std::ssize(r.to) != toLength;
+  if (!hasNul && r.to.find(r.from) != r.to.npos) {
     checkedLength(lengthOf(*this) + std::int64_t{count} * (toLength - fromLength));
     if (toLength == fromLength) count = 1;
   }
-  bool const hasNul = r.growth() != toLength - fromLength;  // in one of them, for which no sweep is
   bool const isSweep = atr_summary == nullptr && !hasNul && r.isIndependent();
   if (isSweep && r.growth() > 0 && replaceGrowing(at, r, count)) return *this;
   for (; count > 0 && at != lengthOf(*this); --count) {
@@ -132,7 +135,7 @@ bool atr_StringBase::replaceGrowing(int at, Replacement const& r, int count) {
     length = checkedLength(std::int64_t{length} + r.growth());
     if (size > length) continue;
     capacity = length;
-    size = bodySize(capacity);
+    size = static_cast<int>(bodySize(capacity));
   }
   if (capacity < 0) return false;
   char* in = body;
