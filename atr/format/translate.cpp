@@ -161,7 +161,7 @@ namespace {
 // The unnumbered slots, from left to right, get the numbers from 1 up that no slot holds. `marks`
 // has room for count + 1 bytes.
 void numberSlots(atr_translate::StrArgs* args, int count, char* marks) noexcept {
-  std::memset(marks, 0, static_cast<std::size_t>(count) + 1);
+  std::memset(marks, 0, static_cast<unsigned int>(count) + std::size_t{1});
   for (int i = 0; i < count; ++i) {
     if (args[i].position >= 0 && args[i].position <= count) marks[args[i].position] = 1;
   }
