@@ -8,8 +8,7 @@ target_compile_options(atr_warnings INTERFACE
 add_library(atr_hardening INTERFACE)
 if(NOT WIN32)
   target_compile_options(atr_hardening INTERFACE
-    $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong>)
-  target_compile_definitions(atr_hardening INTERFACE
-    $<$<CONFIG:Release,RelWithDebInfo>:_FORTIFY_SOURCE=2>)
+    $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong>
+    "$<$<CONFIG:Release,RelWithDebInfo>:SHELL:-include ${PROJECT_SOURCE_DIR}/atr/frame/fortify.h>")
   target_link_options(atr_hardening INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
 endif()

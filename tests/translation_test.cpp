@@ -1,5 +1,6 @@
 // Translation: the file, the table, the lookup and the environment that selects them.
 #include <future>
+#include <thread>
 
 #include "atr/frame/platform.h"
 #include "atr/translation/key_index.h"
@@ -184,6 +185,15 @@ TEST(Translation, LargeTables) {
   }
 }
 
+// Ends a process that waits for ever, as for the writer of a pipe.
+static void endAfterAMinute() {
+  std::thread([] {
+    std::this_thread::sleep_for(std::chrono::minutes(1));
+    std::fputs("still waiting after a minute", stderr);
+    std::_Exit(1);
+  }).detach();
+}
+
 // One process after another, since locale and environment are the process's own.
 TEST(Translation, LocaleAndSearch) {
   S const list(1, atr::platform::listSeparator), root = tempFolder();
@@ -203,7 +213,8 @@ TEST(Translation, LocaleAndSearch) {
   TempFile const a("a/x/d.py", ""), b("b/x/d.py", ""),
       d("d/Configuration/Xresources/en_US/en_US_Dict.py", "");
   std::filesystem::create_directories(root + "/c/x/d.py");  // in the way, and no file
-  bool const hasPipe = std::system(("mkfifo " + root + "/a/pipe").c_str()) == 0;
+  bool const hasPipes = atr::platform::directorySeparator[0] == '/';
+  ASSERT_TRUE(!hasPipes || std::system(("mkfifo '" + root + "/a/pipe'").c_str()) == 0);
   auto const in = [&](S const& folder) { return root + "/" + folder + "///"; };
   auto const native = [](std::filesystem::path p) { return p.make_preferred().string(); };
   S const all = list + list + in("none") + list + in("c") + list + in("b") + list + in("a") + list;
@@ -213,15 +224,14 @@ TEST(Translation, LocaleAndSearch) {
       {"1", "x/d.py", all, "-", native(b.path)}, {"1", "x/d.py", in("a"), all, native(b.path)},
       {"1", atr::platform::foreignSeparator + "x/d.py"s, all, "-", native(root + "/b//x/d.py")},
       {"1", ".", in("a"), "-", "unchanged"}, {"1", "zero", "/dev", "-", "unchanged"},  // a device never ends
-      {"1", hasPipe ? "pipe" : "none", in("a"), "-", "unchanged"},  // and a pipe waits for its writer
+      {"1", hasPipes ? "pipe" : "none", in("a"), "-", "unchanged"},  // and a pipe waits for its writer
       {"-", "x/d.py", all, in("d"), native(d.path)}};
   // clang-format on
   for (auto const& [supported, file, path, first, found] : rows)
-    EXPECT_FRESH("", setEnvironment(supported, file, ATR_TEST_SJIS, path, first);
+    EXPECT_FRESH("", endAfterAMinute(); setEnvironment(supported, file, ATR_TEST_SJIS, path, first);
                  search(supported == "1" ? ATR_TEST_SJIS : "C", found));
   EXPECT_FRESH("", setEnvironment("1", "x", "no such locale", "none", "-");
                search(atr::platform::englishLocale, "unchanged"));
-  std::remove((root + "/a/pipe").c_str());
 }
 
 TEST(Translation, BuildAndReload) {
@@ -241,6 +251,22 @@ TEST(Translation, BuildAndReload) {
     setVariable("ZELTRA_LANG", ATR_TEST_SJIS);
     atr_tr_enable(false), atr_tr_enable(true);
     EXPECT_EQ(picture(atr_trTable), "{a=?\x83\x5C}");
+  };
+  EXPECT_FRESH("", run());
+}
+
+// A client that goes on after the stop shows its own texts.
+TEST(Translation, StopReleasesTheTable) {
+  TempFile const file("stop.py", "['Done'] = r'Fertig'\n");
+  auto const run = [] {
+    setEnvironment("1", "stop.py", ATR_TEST_LATIN1, tempFolder(), "-");
+    int starts = 0;
+    atr_initialize(starts);
+    atr_tr_enable(true);
+    EXPECT_STREQ(atr_raw("Done").c_str(), "Fertig");
+    atr_finalize(starts);
+    EXPECT_STREQ(atr_raw("Done").c_str(), "Done");
+    EXPECT_EQ(mem_status().blocksInUse, 0);
   };
   EXPECT_FRESH("", run());
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+bool isDecimalDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
 int order(signed char a, signed char b) noexcept { return (a > b) - (a < b); }
 
@@ -23,18 +23,18 @@ int naturalOrderFlag = 0;
 int atr_compareRunRight(char const* a, char const* b) noexcept {
   int bias = 0;
   for (;; ++a, ++b) {
-    if (!isDigit(*a) && !isDigit(*b)) return bias;
-    if (!isDigit(*a)) return -1;
-    if (!isDigit(*b)) return 1;
+    if (!isDecimalDigit(*a) && !isDecimalDigit(*b)) return bias;
+    if (!isDecimalDigit(*a)) return -1;
+    if (!isDecimalDigit(*b)) return 1;
     if (bias == 0) bias = order(*a, *b);
   }
 }
 
 int atr_compareRunLeft(char const* a, char const* b) noexcept {
   for (;; ++a, ++b) {
-    if (!isDigit(*a) && !isDigit(*b)) return 0;
-    if (!isDigit(*a)) return -1;
-    if (!isDigit(*b)) return 1;
+    if (!isDecimalDigit(*a) && !isDecimalDigit(*b)) return 0;
+    if (!isDecimalDigit(*a)) return -1;
+    if (!isDecimalDigit(*b)) return 1;
     if (*a != *b) return order(*a, *b);
   }
 }
@@ -46,9 +46,9 @@ int strnatcmp(char const* a, char const* b) {
   std::size_t run = 0;
   for (; a[at] == b[at]; ++at) {
     if (a[at] == '\0') return 0;
-    run = isDigit(a[at]) ? run : at + 1;
+    run = isDecimalDigit(a[at]) ? run : at + 1;
   }
-  if (isDigit(a[run]) && isDigit(b[run])) {
+  if (isDecimalDigit(a[run]) && isDecimalDigit(b[run])) {
     bool const isFraction = a[run] == '0' || b[run] == '0';
     int const runs =
         isFraction ? atr_compareRunLeft(a + at, b + at) : atr_compareRunRight(a + at, b + at);

@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <list>
+#include <stdexcept>
 
 namespace fs = std::filesystem;
 
@@ -20,16 +21,32 @@ void test::setEnvironment(S const& supported, S const& file, S const& locale, S 
   setVariable("QMR_DICT_DIR", first);
 }
 
+// A folder that no other process and no earlier run has; it goes at the end of the process.
+class ProcessFolder {
+ public:
+  ProcessFolder() {
+    do {
+      path = fs::temp_directory_path() / ("atr_tests-" + std::to_string(std::random_device{}()));
+    } while (!fs::create_directory(path));
+  }
+  ~ProcessFolder() {
+    std::error_code ignored;
+    fs::remove_all(path, ignored);
+  }
+  fs::path path;
+};
+
 test::S test::tempFolder() {
-  auto const& running = *::testing::UnitTest::GetInstance()->current_test_info();
-  auto const folder = fs::temp_directory_path() / "atr_tests" / running.name();
-  fs::create_directories(folder);
-  return folder.generic_string();
+  static ProcessFolder const folder;
+  return folder.path.generic_string();
 }
 
 test::TempFile::TempFile(S const& name, std::string_view bytes) : path(tempFolder() + "/" + name) {
   fs::create_directories(fs::path(path).parent_path());
-  std::ofstream(path, std::ios::binary) << bytes;
+  std::ofstream file(path, std::ios::binary);
+  file << bytes;
+  file.close();
+  if (!file) throw std::runtime_error("cannot write " + path);
 }
 
 test::TempFile::~TempFile() { fs::remove_all(path); }

@@ -36,12 +36,15 @@ void setVariable(char const* name, S const& value);
 void setEnvironment(S const& supported, S const& file, S const& locale, S const& path,
                     S const& first);
 
-/// A file in a folder of the running test, removed at the end of the scope.
+/// A file in a folder of this process, removed at the end of the scope. One that cannot be written
+/// throws with its name.
 struct TempFile {
   TempFile(S const& name, std::string_view bytes);
   ~TempFile();
   S const path;
 };
+
+/// The folder of the files above; no other process has it, and it goes with this one.
 S tempFolder();
 
 struct Allocations {
