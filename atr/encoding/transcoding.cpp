@@ -6,17 +6,17 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "atr/encoding/batch.h"
 #include "atr/encoding/encoding_table.h"
-#include "atr/encoding/fast_runs.h"
+#include "atr/encoding/strict_utf8.h"
 #include "atr/encoding/utf8.h"
 #include "atr/encoding/utf8_walk.h"
+#include "atr/frame/character_step.h"
 #include "atr/frame/platform.h"
 
 using namespace atr;
 
 namespace {
-
-constexpr unsigned int kNoCode = kBadUtf8;
 
 // --- no encoding ------------------------------------------------------------------------------
 
@@ -26,25 +26,21 @@ int encodeNone(unsigned char* /*out*/, unsigned int /*code*/) { return -1; }
 
 // --- the process locale -----------------------------------------------------------------------
 
-// Some code pages take a lead byte and the terminator for a character.
-bool holdsNul(unsigned char const* text, int bytes) noexcept {
-  return bytes > 1 && std::memchr(text, 0, static_cast<std::size_t>(bytes)) != nullptr;
-}
-
 bool validateLocale(unsigned char const* text) {
   while (*text != 0) {
-    int const bytes = platform::characterBytes(reinterpret_cast<char const*>(text), MB_CUR_MAX);
-    if (bytes <= 0 || holdsNul(text, bytes)) return false;
+    auto const* const p = reinterpret_cast<char const*>(text);
+    int const bytes = platform::characterBytes(p, MB_CUR_MAX);
+    if (bytes <= 0 || takesNul(p, bytes)) return false;
     text += bytes;
   }
   return true;
 }
 
 unsigned int decodeLocale(unsigned char const* text, int* length) {
+  auto const* const p = reinterpret_cast<char const*>(text);
   unsigned int code = 0;
-  int const bytes =
-      platform::decodeCharacter(code, reinterpret_cast<char const*>(text), MB_CUR_MAX);
-  if (bytes <= 0 || holdsNul(text, bytes)) return kNoCode;
+  int const bytes = platform::decodeCharacter(code, p, MB_CUR_MAX);
+  if (bytes <= 0 || takesNul(p, bytes)) return kNoCode;
   if (length != nullptr) *length = bytes;
   return code;
 }
@@ -62,7 +58,7 @@ int encodeLocale(unsigned char* out, unsigned int code) {
 
 bool validateUtf8(unsigned char const* text) {
   unsigned char const* const end = text + std::strlen(reinterpret_cast<char const*>(text));
-  while ((text = skipStrictUtf8ByBlocks(text, end)) != end) {
+  while ((text = skipStrictUtf8ByChunks(text, end)) != end) {
     int length = 0;
     if (atr_utf8_to_ucs4(text, &length) == kNoCode) return false;
     text += length;
@@ -111,16 +107,16 @@ EncodingOps const& atr_encoding_row(int encoding) noexcept {
 namespace {
 
 // One character by its rows. Answers the bytes of its form, or why there is none.
-int transcodeCharacter(EncodingOps const& to, EncodingOps const& from, TranscodingState& state,
+int transcodeCharacter(EncodingOps const& to, EncodingOps const& from, Position& at,
                        char substitute) {
   int length = 0;
-  unsigned int const code = from.decode(state.text, &length);
+  unsigned int const code = from.decode(at.text, &length);
   if (code == kNoCode) return kUndecodable;
-  state.text += length;
-  int const bytes = to.encode(state.out, code);
+  at.text += length;
+  int const bytes = to.encode(at.out, code);
   if (bytes >= 0) return bytes;
   if (substitute == 0) return kNoForm;
-  if (state.out != nullptr) *state.out = static_cast<unsigned char>(substitute);
+  if (at.out != nullptr) *at.out = static_cast<unsigned char>(substitute);
   return 1;
 }
 
@@ -133,25 +129,31 @@ unsigned char const* endOf(unsigned char const* text, unsigned char const* end) 
 
 }  // namespace
 
-// NOLINTNEXTLINE(readability-non-const-parameter): `out` is written through the state
+// Batches go first, and the rows take the character at which a batch stopped.
+// NOLINTNEXTLINE(readability-non-const-parameter): `out` is written through the position
 int atr_encoding_transcode(int target, unsigned char* out, int source, unsigned char const* text,
                            unsigned char const* end, char substitute) {
   EncodingOps const& from = atr_encoding_row(source);
   EncodingOps const& to = atr_encoding_row(target);
   unsigned char const* const textEnd = endOf(text, end);
-  FastRun const fastRun = fastRunBetween(target, source);
-  TranscodingState state = {text, out, 0};
-  while (state.text != textEnd) {
-    if (fastRun != nullptr) fastRun(state, textEnd);
-    if (state.text == textEnd) break;
-    int const bytes = transcodeCharacter(to, from, state, substitute);
+  Batches const batches = batchesBetween(target, source);
+  Position at = {text, out, 0};
+  for (int pause = 0; at.text != textEnd;) {
+    if (pause > 0) {
+      --pause;
+    } else if (batches.convert != nullptr) {
+      at = batches.convert(at, textEnd);
+      pause = batches.pause;
+      if (at.text == textEnd) break;
+    }
+    int const bytes = transcodeCharacter(to, from, at, substitute);
     if (bytes < 0) return bytes;
-    if (state.out != nullptr) state.out += bytes;
-    state.total += static_cast<std::size_t>(bytes);
+    if (at.out != nullptr) at.out += bytes;
+    at.total += static_cast<std::size_t>(bytes);
   }
-  if (state.total >= INT_MAX) return kUndecodable;
-  if (state.out != nullptr) *state.out = 0;
-  return static_cast<int>(state.total);
+  if (at.total >= INT_MAX) return kUndecodable;
+  if (at.out != nullptr) *at.out = 0;
+  return static_cast<int>(at.total);
 }
 
 bool atr_encoding_validate(int encoding, unsigned char const* text) {

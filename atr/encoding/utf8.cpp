@@ -37,11 +37,11 @@ int atr_utf8_len(unsigned int code) {
 unsigned int atr_utf8_to_ucs4(unsigned char const* text, int* length) {
   int const bytes = lengthClass(*text);
   if (length != nullptr) *length = bytes;
-  if (bytes == 0) return kBadUtf8;
+  if (bytes == 0) return kNoCode;
   if (bytes == 1) return *text;
   unsigned int code = *text & static_cast<unsigned char>(kPayloadMask[bytes]);
   for (int i = 1; i < bytes; ++i) {
-    if (!isContinuation(text[i])) return kBadUtf8;
+    if (!isContinuation(text[i])) return kNoCode;
     code = code << kPayloadBits | (text[i] & 0x3FU);
   }
   return code;

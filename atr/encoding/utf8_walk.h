@@ -4,7 +4,8 @@
 
 namespace atr {
 
-constexpr unsigned int kBadUtf8 = 0xFFFFFFFF;
+/// What every row's decoder answers where there is no character.
+constexpr unsigned int kNoCode = 0xFFFFFFFF;
 
 constexpr bool isContinuation(unsigned char byte) noexcept { return (byte & 0xC0) == 0x80; }
 

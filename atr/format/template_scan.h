@@ -17,7 +17,7 @@ using detail::readNumber;
 
 /// The first percent sign in [p, end), or `end`.
 inline char const* findPercent(char const* p, char const* end) noexcept {
-  for (; kIsLittleEndian && end - p >= kWord; p += kWord) {
+  for (; end - p >= kWord; p += kWord) {
     std::uint64_t const marks = zeroBytes(loadWord(p) ^ wordOf('%'));
     if (marks != 0) return p + firstMark(marks);
   }

@@ -25,7 +25,7 @@ ByteFilter::ByteFilter(char const* set) noexcept {
 
 // Loads a word before it stores into it.
 char* ByteFilter::copyByWords(char* out, char const* p, char const* end) const noexcept {
-  for (; kIsLittleEndian && end - p >= kWord; p += kWord) {
+  for (; end - p >= kWord; p += kWord) {
     std::uint64_t word = loadWord(p);
     for (int i = 0; i < kWord; ++i, word >>= 8) {
       auto const byte = static_cast<unsigned char>(word);

@@ -13,13 +13,18 @@ namespace atr {
 
 constexpr std::ptrdiff_t kCharacterLook = 4;  // the most bytes one character is looked at for
 
+/// True if a character of `bytes` bytes at `p` takes the terminator of its text along: some code
+/// pages have pairs of any lead byte and a NUL.
+inline bool takesNul(char const* p, int bytes) noexcept {
+  return bytes > 1 && std::memchr(p, 0, static_cast<std::size_t>(bytes)) != nullptr;
+}
+
 /// Bytes from `p`, which is before `end`, to the next character. What the runtime refuses is a
-/// character of one byte; so is a lead byte before a NUL, which some code pages take for a pair.
+/// character of one byte; so is a lead byte in front of a NUL.
 inline int characterStep(char const* p, char const* end) noexcept {
   auto const bound = static_cast<std::size_t>(std::min(end - p, kCharacterLook));
   int const bytes = platform::characterBytes(p, bound);
-  if (bytes <= 1 || std::memchr(p, 0, static_cast<std::size_t>(bytes)) != nullptr) return 1;
-  return bytes;
+  return bytes <= 1 || takesNul(p, bytes) ? 1 : bytes;
 }
 
 }  // namespace atr

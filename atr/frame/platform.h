@@ -29,10 +29,10 @@ extern bool const hasTextMode;
 /// What stands between the whole and the fraction of a number in the process locale.
 char const* decimalPoint() noexcept;
 
-/// Codesets of the process locale that fast paths know by name. In those of `separate` each
-/// character stands for one code, whatever stands beside it. In none but `other` is a byte within
-/// a character white space.
-enum class Codeset { other, ascii, latin1, separate, utf8 };
+/// Codesets of the process locale that fast paths know by name. In a `stateless` one each character
+/// stands for one code, whatever stands beside it. In none but `other` is a byte within a character
+/// white space.
+enum class Codeset { other, ascii, latin1, stateless, utf8 };
 Codeset currentCodeset() noexcept;
 
 /// Bytes of the character at `text`, looking at `bound` bytes at most: 0 at a NUL, negative for an
@@ -50,21 +50,21 @@ constexpr std::size_t kCharacterRoom = 64;
 /// negative, with `out` undefined, if the locale has no such character. Keeps no shift state.
 int encodeCharacter(char* out, unsigned int code) noexcept;
 
-/// Codes that encodeRun and decodeRun take at most, and room for their bytes: no character of
-/// Codeset::separate has more than three.
-constexpr int kRun = 32;
-constexpr int kRunRoom = 3 * kRun;
-constexpr unsigned int kMaxRunCode = 0xFFFF;  // some beyond it the runtime drops
+/// Codes that encodeBatch and decodeBatch take at most, and room for their bytes: no character of
+/// Codeset::stateless has more than three.
+constexpr int kBatch = 32;
+constexpr int kBatchRoom = 3 * kBatch;
+constexpr unsigned int kMaxBatchCode = 0xFFFF;  // some beyond it the runtime drops
 
-/// Encodes codes[0] to codes[count - 1], each from 1 to kMaxRunCode, into `out`, which has kRunRoom
-/// bytes, up to the first that the locale has no character for; sets `count` to how many those are.
-/// For locales of Codeset::separate. @return the bytes written.
-std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept;
+/// Encodes codes[0] to codes[count - 1], each from 1 to kMaxBatchCode, into `out`, which has
+/// kBatchRoom bytes, up to the first that the locale has no character for; sets `count` to how many
+/// those are. For locales of Codeset::stateless. @return the bytes written.
+std::size_t encodeBatch(char* out, unsigned int const* codes, int& count) noexcept;
 
-/// Decodes the characters at `text` into `codes`, which has room for kRun, up to `end` or to the
+/// Decodes the characters at `text` into `codes`, which has room for kBatch, up to `end` or to the
 /// first that is invalid or cut, and moves `text` behind them. There is no NUL before `end`. For
-/// locales of Codeset::separate. @return how many.
-int decodeRun(unsigned int* codes, char const*& text, char const* end) noexcept;
+/// locales of Codeset::stateless. @return how many.
+int decodeBatch(unsigned int* codes, char const*& text, char const* end) noexcept;
 
 }  // namespace atr::platform
 

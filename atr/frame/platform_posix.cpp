@@ -49,8 +49,8 @@ Codeset currentCodeset() noexcept {
   if (std::strcmp(name, "UTF-8") == 0) return Codeset::utf8;
   if (std::strcmp(name, "ISO-8859-1") == 0) return Codeset::latin1;
   if (std::strcmp(name, "ANSI_X3.4-1968") == 0) return Codeset::ascii;
-  for (char const* const separate : {"EUC-JP", "KOI8-R", "SHIFT_JIS"}) {
-    if (std::strcmp(name, separate) == 0) return Codeset::separate;
+  for (char const* const stateless : {"EUC-JP", "KOI8-R", "SHIFT_JIS"}) {
+    if (std::strcmp(name, stateless) == 0) return Codeset::stateless;
   }
   return Codeset::other;
 }
@@ -85,15 +85,15 @@ int encodeCharacter(char* out, unsigned int code) noexcept {
   return static_cast<int>(bytes);
 }
 
-// A failure tells how far it came in the place of what it made, so that it is done again.
-std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept {
-  wchar_t wide[kRun];
+// On failure wcsnrtombs reports where it stopped, not how much it wrote: convert up to there again.
+std::size_t encodeBatch(char* out, unsigned int const* codes, int& count) noexcept {
+  wchar_t wide[kBatch];
   std::copy_n(codes, count, wide);
   for (int attempt = 0; attempt < 2; ++attempt) {
     std::mbstate_t state{};
     wchar_t const* rest = wide;
     std::size_t const bytes =
-        wcsnrtombs(out, &rest, static_cast<std::size_t>(count), kRunRoom, &state);
+        wcsnrtombs(out, &rest, static_cast<std::size_t>(count), kBatchRoom, &state);
     count = static_cast<int>(rest - wide);
     if (bytes != kFailure) return bytes;
   }
@@ -101,16 +101,17 @@ std::size_t encodeRun(char* out, unsigned int const* codes, int& count) noexcept
   return 0;
 }
 
-// The runtime measures all that it is shown. A character that the end cuts goes into its state:
-// then again, for a byte less, of three at the most.
-int decodeRun(unsigned int* codes, char const*& text, char const* end) noexcept {
-  wchar_t wide[kRun];
-  if (end - text > kRunRoom) end = text + kRunRoom;
+// The runtime takes all the bytes that it is shown, and keeps a character that `end` cuts in its
+// state. Then the conversion is tried again with a byte less. A character has three bytes at most,
+// so that the third try succeeds.
+int decodeBatch(unsigned int* codes, char const*& text, char const* end) noexcept {
+  wchar_t wide[kBatch];
+  if (end - text > kBatchRoom) end = text + kBatchRoom;
   for (int attempt = 0; attempt < 3 && text != end; ++attempt) {
     std::mbstate_t state{};
     char const* rest = text;
     std::size_t const count =
-        mbsnrtowcs(wide, &rest, static_cast<std::size_t>(end - text), kRun, &state);
+        mbsnrtowcs(wide, &rest, static_cast<std::size_t>(end - text), kBatch, &state);
     bool const isCut = std::mbsinit(&state) == 0;
     if (count != kFailure && !isCut) {
       std::copy_n(wide, count, codes);

@@ -59,12 +59,12 @@ int encodeCharacter(char* out, unsigned int code) noexcept {
   return std::wctomb(out, static_cast<wchar_t>(code));
 }
 
-std::size_t encodeRun(char* /*out*/, unsigned int const* /*codes*/, int& count) noexcept {
+std::size_t encodeBatch(char* /*out*/, unsigned int const* /*codes*/, int& count) noexcept {
   count = 0;  // no code page is known for it
   return 0;
 }
 
-int decodeRun(unsigned int* /*codes*/, char const*& /*text*/, char const* /*end*/) noexcept {
+int decodeBatch(unsigned int* /*codes*/, char const*& /*text*/, char const* /*end*/) noexcept {
   return 0;
 }
 

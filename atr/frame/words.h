@@ -10,10 +10,12 @@
 
 namespace atr {
 
+static_assert(std::endian::native == std::endian::little,
+              "the first byte of a text is the lowest one of its word");
+
 constexpr std::ptrdiff_t kWord = sizeof(std::uint64_t);
 constexpr std::uint64_t kLowBits = 0x0101010101010101;   // of each byte
 constexpr std::uint64_t kHighBits = 0x8080808080808080;  // likewise
-constexpr bool kIsLittleEndian = std::endian::native == std::endian::little;
 
 /// @pre `p` has eight readable bytes.
 inline std::uint64_t loadWord(void const* p) noexcept {
@@ -37,7 +39,7 @@ constexpr int countMarks(std::uint64_t marks) noexcept {
   return static_cast<int>((marks >> 7) * kLowBits >> 56);
 }
 
-/// The index of the first byte marked, where words are little-endian. @pre there is one.
+/// The index of the first byte marked. @pre there is one.
 constexpr int firstMark(std::uint64_t marks) noexcept { return std::countr_zero(marks) / 8; }
 
 /// Copies the first and the last `Piece` of a text, which may overlap.

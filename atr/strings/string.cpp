@@ -23,9 +23,7 @@ char const* fieldEnd(char const* p, char const* end, char delimiter) noexcept {
   for (; end - p >= kWord; p += kWord) {
     std::uint64_t const word = loadWord(p);
     std::uint64_t const stops = zeroBytes(word ^ pattern) | zeroBytes(word);
-    if (stops == 0) continue;
-    if constexpr (kIsLittleEndian) return p + firstMark(stops);
-    break;
+    if (stops != 0) return p + firstMark(stops);
   }
   while (p != end && *p != delimiter && *p != '\0') ++p;
   return p;
@@ -44,7 +42,6 @@ char const* fieldBegin(char const* p, char const* end, char delimiter, int index
       index -= count;
       continue;
     }
-    if constexpr (!kIsLittleEndian) break;
     for (; index > 1; --index) delimiters &= delimiters - 1;
     return p + firstMark(delimiters) + 1;
   }

@@ -89,8 +89,7 @@ char const* skipBackTo(char wanted, char const* p, char const* begin) noexcept {
   for (; p - begin >= kWord; p -= kWord) {
     std::uint64_t const found = zeroBytes(loadWord(p - kWord + 1) ^ pattern);
     if (found == 0) continue;
-    if constexpr (kIsLittleEndian) p -= std::countl_zero(found) / 8;
-    break;
+    return p - std::countl_zero(found) / 8;
   }
   return p;
 }

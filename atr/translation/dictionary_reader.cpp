@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "atr/encoding/encoding_table.h"
-#include "atr/encoding/fast_runs.h"
+#include "atr/encoding/strict_utf8.h"
 #include "atr/encoding/transcoding.h"
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
@@ -66,7 +66,7 @@ unsigned char const* asBytes(char const* text) noexcept {
 
 bool isStrictUtf8(EntryLine const& line) noexcept {
   unsigned char const* const end = asBytes(line.value) + line.valueBytes;
-  return skipStrictUtf8ByBlocks(asBytes(line.value), end) == end;
+  return skipStrictUtf8ByChunks(asBytes(line.value), end) == end;
 }
 
 int measure(char const* value, char substitute) noexcept {
