@@ -1,7 +1,7 @@
 // Start and stop: the pools they make, the summary and the natural order that they switch.
 #include <random>
 
-#include "atr/frame/byte_filter.h"
+#include "atr/strings/byte_filter.h"
 #include "atr/strings/string_module.h"
 #include "support/support.h"
 

@@ -9,7 +9,7 @@
 #include "atr/encoding/chunks.h"
 #include "atr/encoding/strict_utf8.h"
 #include "atr/encoding/utf8_walk.h"
-#include "atr/frame/wide_vectors.h"
+#include "atr/frame/processor.h"
 #include "atr/frame/words.h"
 
 namespace atr {
@@ -87,7 +87,7 @@ Position narrow(Position at, unsigned char const* until, unsigned char const* en
 }
 
 // Measures chunks of ASCII and such pairs. The last piece of the text is left to the plain form.
-[[gnu::always_inline]] inline Position measureNarrowChunks(Position at, unsigned char const* end) {
+ATR_ALWAYS_INLINE Position measureNarrowChunks(Position at, unsigned char const* end) {
   unsigned char const* p = at.text;
   while (end - p >= kChunk) {
     unsigned char bad = 0;

@@ -8,7 +8,7 @@
 
 #include "atr/encoding/chunks.h"
 #include "atr/encoding/utf8_walk.h"
-#include "atr/frame/wide_vectors.h"
+#include "atr/frame/processor.h"
 #include "atr/frame/words.h"
 
 namespace atr {
@@ -107,13 +107,13 @@ inline std::ptrdiff_t cutBefore(unsigned char const* p) noexcept {
 
 // Skips chunks of strict characters of up to three bytes. A character may go on in the next chunk.
 // The last chunk ends with the text, and so overlaps the one before it.
-[[gnu::always_inline]] inline unsigned char const* skipChunks(unsigned char const* p,
-                                                              unsigned char const* end) {
+ATR_ALWAYS_INLINE unsigned char const* skipChunks(unsigned char const* p,
+                                                  unsigned char const* end) {
   if (end - p < kChunk) return p;
   while (p != end) {
     unsigned char const* const chunk = end - p < kChunk ? end - kChunk : p;
     if (!isAsciiChunk(chunk)) {
-      unsigned char const* const bytes = loadAnew(chunk);
+      unsigned char const* const bytes = hideOrigin(chunk);
       unsigned char bad = 0;
       for (int i = 0; i < kChunk; ++i) {
         bool const isBad = isOutOfPlace(bytes[i], bytes[i - 1], bytes[i - 2]);

@@ -3,7 +3,7 @@
 #include "atr/frame/lifecycle.h"
 
 #include "atr/frame/memory.h"
-#include "atr/natural/natural_order_runs.h"
+#include "atr/natural/natural_order_default.h"
 #include "atr/strings/string_module.h"
 #include "atr/translation/translation.h"
 

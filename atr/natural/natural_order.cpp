@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdlib>
 
+#include "atr/natural/natural_order_default.h"
 #include "atr/natural/natural_order_runs.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// The comparison of digit runs and the default of the flag: private halves of natural order.
+// The comparison of numbers within texts: the private half of natural order.
 #ifndef ATR_NATURAL_NATURAL_ORDER_RUNS_H
 #define ATR_NATURAL_NATURAL_ORDER_RUNS_H
 
@@ -9,8 +9,5 @@ int atr_compareRunRight(char const* a, char const* b) noexcept;
 /// Two digit runs of which at least one begins with 0: the first digit that differs decides, and a
 /// run that ends first is the smaller.
 int atr_compareRunLeft(char const* a, char const* b) noexcept;
-
-/// Sets the flag's default from the environment, at each real start.
-void atr_setNaturalOrderDefault() noexcept;
 
 #endif  // ATR_NATURAL_NATURAL_ORDER_RUNS_H

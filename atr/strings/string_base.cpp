@@ -15,6 +15,7 @@
 #include <new>
 #include <utility>
 
+#include "atr/frame/compiler.h"
 #include "atr/frame/platform.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
@@ -48,7 +49,7 @@ struct DeleteBlock {
 };
 
 // Apart, so that the short texts do not pay for its guard.
-[[gnu::noinline]] Blocks takeTwoBlocks(int capacity, int length) {
+ATR_NOINLINE Blocks takeTwoBlocks(int capacity, int length) {
   auto const size = static_cast<int>(bodySize(checkedLength(capacity)));
   std::unique_ptr<void, DeleteBlock> header(::operator new(kHeaderBytes));
   auto* const body = static_cast<char*>(::operator new(static_cast<std::size_t>(size)));
@@ -103,8 +104,7 @@ void atr_StringBase::makeRep(int capacity, int length) {
 
 // By `fresh`, not by the fields, which would have to be read again behind the copy. In line, since
 // a call more is a tenth of what a short text takes (see the benchmark "construct 30 B").
-[[gnu::always_inline]] inline void atr_StringBase::makeCopy(char const* text, int length,
-                                                            int capacity) {
+ATR_ALWAYS_INLINE void atr_StringBase::makeCopy(char const* text, int length, int capacity) {
   Blocks const fresh = takeBlocks(capacity != 0 ? capacity : length, length);
   rep = fresh.rep;
   body = fresh.body;

@@ -8,11 +8,11 @@
 #include <cstring>
 #include <utility>
 
-#include "atr/frame/byte_filter.h"
 #include "atr/frame/character_step.h"
 #include "atr/frame/platform.h"
-#include "atr/frame/wide_vectors.h"
+#include "atr/frame/processor.h"
 #include "atr/frame/words.h"
+#include "atr/strings/byte_filter.h"
 #include "atr/strings/letter_case.h"
 #include "atr/strings/string_base.h"
 
@@ -44,8 +44,8 @@ inline bool mayHold(char const* block, char first, char final, std::size_t lengt
 // Bytes of `p` in front of what strstr has to look at. Where either byte is frequent, that is many
 // times as fast; see the benchmark "Find in 10 kB". The blocks behind the first begin with a cache
 // line, since a load across two of them counts for two.
-[[gnu::always_inline]] inline std::size_t skipOthers(char const* p, std::size_t length,
-                                                     char const* text, std::size_t textLength) {
+ATR_ALWAYS_INLINE std::size_t skipOthers(char const* p, std::size_t length, char const* text,
+                                         std::size_t textLength) {
   std::size_t at = 0;
   if (textLength == 0) return at;
   std::size_t step = kBlock - reinterpret_cast<std::uintptr_t>(p) % kCacheLine;
@@ -58,8 +58,8 @@ inline bool mayHold(char const* block, char first, char final, std::size_t lengt
 
 // Back from `p`, of which it is known that `text` fits behind it, by blocks in which it does not
 // begin.
-[[gnu::always_inline]] inline char const* skipBackOthers(char const* p, char const* begin,
-                                                         char const* text, std::size_t textLength) {
+ATR_ALWAYS_INLINE char const* skipBackOthers(char const* p, char const* begin, char const* text,
+                                             std::size_t textLength) {
   while (p - begin >= static_cast<std::ptrdiff_t>(kBlock) &&
          !mayHold(p - kBlock + 1, text[0], text[textLength - 1], textLength)) {
     p -= kBlock;

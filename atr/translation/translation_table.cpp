@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "atr/frame/compiler.h"
 #include "atr/frame/memory.h"
 #include "atr/translation/key_index.h"
 #include "atr/translation/key_sort.h"
@@ -30,7 +31,7 @@ void atr_trSort() noexcept {
 }
 
 // Apart, so that the way of every lookup saves no registers for it.
-[[gnu::noinline]] static std::string_view findByHalves(char const* key) noexcept {
+ATR_NOINLINE static std::string_view findByHalves(char const* key) noexcept {
   char const* text = nullptr;
   TranslationEntry const* first = atr_trTable.entries;
   for (int rest = std::max(atr_trTable.count, 0); rest > 0;) {

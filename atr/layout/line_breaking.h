@@ -1,6 +1,6 @@
-// The line breaker's step over a word.
-#ifndef ATR_LAYOUT_WORD_STEP_H
-#define ATR_LAYOUT_WORD_STEP_H
+// The line breaker's inside: the step over a word, and the end of a line, plain and fast.
+#ifndef ATR_LAYOUT_LINE_BREAKING_H
+#define ATR_LAYOUT_LINE_BREAKING_H
 
 #include <cstddef>
 
@@ -27,4 +27,4 @@ int atr_skipTestMarker(char const* p, char const* end) noexcept;
 /// process locale. Adds the marker bytes on the way to `markerBytes`. At least 1 before `end`.
 int atr_wordStep(char const* p, char const* end, int& markerBytes) noexcept;
 
-#endif  // ATR_LAYOUT_WORD_STEP_H
+#endif  // ATR_LAYOUT_LINE_BREAKING_H

@@ -1,46 +1,15 @@
-// The copy stores more than it keeps, and moves on by what it keeps: so no byte costs a branch. A
-// vector's bytes are told apart by two looks into tables of sixteen, and closed up by a third.
-#include "atr/frame/byte_filter.h"
+// The byte filter's copy for x86 processors that shuffle bytes. A table of sixteen bytes, looked up
+// by the low nibble of sixteen bytes at once, tells for which high nibbles each of them is dropped;
+// there is one such table for ASCII and one for the rest. Another shuffle closes the gaps.
+#include <immintrin.h>
 
 #include <cstddef>
-#include <cstdint>
 
+#include "atr/frame/compiler.h"
 #include "atr/frame/words.h"
-
-#if defined(__x86_64__)
-#include <immintrin.h>
-#endif
+#include "atr/strings/byte_filter.h"
 
 namespace atr {
-
-ByteFilter::ByteFilter(char const* set) noexcept {
-  kept_.fill(1);
-  for (; *set != '\0'; ++set) {
-    auto const byte = static_cast<unsigned char>(*set);
-    kept_[byte] = 0;
-    (byte < 0x80 ? droppedAscii_ : droppedOthers_)[byte & 0xF] |=
-        static_cast<unsigned char>(1U << (byte >> 4 & 7U));
-  }
-}
-
-// Loads a word before it stores into it.
-char* ByteFilter::copyByWords(char* out, char const* p, char const* end) const noexcept {
-  for (; end - p >= kWord; p += kWord) {
-    std::uint64_t word = loadWord(p);
-    for (int i = 0; i < kWord; ++i, word >>= 8) {
-      auto const byte = static_cast<unsigned char>(word);
-      *out = static_cast<char>(byte);
-      out += kept_[byte];
-    }
-  }
-  for (; p != end; ++p) {
-    *out = *p;
-    out += kept_[static_cast<unsigned char>(*p)];
-  }
-  return out;
-}
-
-#if defined(__x86_64__)
 
 namespace {
 
@@ -63,8 +32,7 @@ constexpr std::array<Places, 256> kChosen = [] {
 __m128i load(void const* p) noexcept { return _mm_loadu_si128(static_cast<__m128i const*>(p)); }
 
 // Stores the chosen ones of the vector's first eight bytes, and what they leave of a word.
-__attribute__((target("ssse3"))) void storeChosen(char* out, __m128i bytes,
-                                                  unsigned int choice) noexcept {
+ATR_TARGET("ssse3") void storeChosen(char* out, __m128i bytes, unsigned int choice) noexcept {
   __m128i const places = _mm_loadl_epi64(reinterpret_cast<__m128i const*>(&kChosen[choice]));
   _mm_storel_epi64(reinterpret_cast<__m128i*>(out), _mm_shuffle_epi8(bytes, places));
 }
@@ -72,8 +40,8 @@ __attribute__((target("ssse3"))) void storeChosen(char* out, __m128i bytes,
 }  // namespace
 
 // A shuffle by a byte goes by its low half, and gives 0 where its high bit is set.
-__attribute__((target("ssse3,popcnt"))) char* ByteFilter::copyByVectors(
-    char* out, char const* p, char const* end) const noexcept {
+ATR_TARGET("ssse3,popcnt")
+char* ByteFilter::copyByShuffles(char* out, char const* p, char const* end) const noexcept {
   __m128i const ascii = load(&droppedAscii_);
   __m128i const others = load(&droppedOthers_);
   __m128i const bits = _mm_set1_epi64x(static_cast<long long>(0x8040201008040201));
@@ -95,18 +63,5 @@ __attribute__((target("ssse3,popcnt"))) char* ByteFilter::copyByVectors(
   }
   return copyByWords(out, p, end);
 }
-
-char* ByteFilter::copy(char* out, char const* p, char const* end) const noexcept {
-  bool const hasVectors = __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("popcnt");
-  return hasVectors ? copyByVectors(out, p, end) : copyByWords(out, p, end);
-}
-
-#else
-
-char* ByteFilter::copy(char* out, char const* p, char const* end) const noexcept {
-  return copyByWords(out, p, end);
-}
-
-#endif
 
 }  // namespace atr
