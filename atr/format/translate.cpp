@@ -8,6 +8,7 @@
 #include <new>
 
 #include "atr/format/message_slots.h"
+#include "atr/format/slot_index.h"
 #include "atr/format/template_scan.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
@@ -24,17 +25,6 @@ constexpr char kPlaceholder[] = "%s";
 constexpr int kPlaceholderBytes = 2;
 
 char* newBlock(std::size_t bytes) { return static_cast<char*>(::operator new(bytes)); }
-
-// Where a placeholder stands in the compiled text, which may hold "%s" of its own, and how many
-// bytes of substitution go there. One more tells where the text ends.
-struct Place {
-  std::size_t at;
-  std::size_t bytes;
-};
-
-Place* placesBehind(atr_translate::StrArgs** sorted, int count) noexcept {
-  return reinterpret_cast<Place*>(sorted + count);
-}
 
 // --- the pass over a template -----------------------------------------------------------------
 
@@ -71,7 +61,7 @@ struct Compile {
 
   char* start;
   char* out;
-  Place* places;
+  SlotIndex::Place* places;
   atr_translate::StrArgs* args;
   int count = 0;
   bool hasUnnumbered = false;
@@ -110,28 +100,24 @@ atr_translate::~atr_translate() {
 }
 
 // Compiles the template into `compiled`, where it may stand already: a placeholder is no longer
-// than the shortest conversion, so that the text never grows and its length bounds the block. Where
-// conversions were refused, there are fewer pointers than room for them, and the places close up
-// behind those.
+// than the shortest conversion, so that the text never grows and its length bounds the block. The
+// index is made for every percent sign; if some of them begin no conversion, it closes up.
 void atr_translate::parse(char const* text, char const* end) {
   std::size_t const slots = countPercents(text, end);
   if (slots > 0) {
     args = static_cast<StrArgs*>(::operator new(slots * sizeof(StrArgs)));
     std::uninitialized_default_construct_n(args, slots);
-    sorted = reinterpret_cast<StrArgs**>(
-        newBlock(slots * (sizeof(void*) + sizeof(Place)) + sizeof(Place)));
+    sorted = SlotIndex::newBlock(slots);
   }
   count = static_cast<int>(slots);  // should memory run out on the way, all of them go
-  Place* const places = placesBehind(sorted, count);
-  Compile compile{compiled, compiled, places, args};
+  SlotIndex index(sorted, count);
+  Compile compile{compiled, compiled, index.places(), args};
   scanTemplate(text, end, compile);
   *compile.out = '\0';
   if (slots == 0) return;
-  places[compile.count] = {static_cast<std::size_t>(compile.out - compiled), 0};
-  if (compile.count < count) {
-    count = compile.count;
-    std::copy_n(places, count + 1, placesBehind(sorted, count));
-  }
+  compile.places[compile.count] = {static_cast<std::size_t>(compile.out - compiled), 0};
+  if (compile.count < count) index.closeUp(compile.count);
+  count = compile.count;
   sortSlots(compile.hasUnnumbered);
 }
 
@@ -160,9 +146,8 @@ int atr_translate::compare(void const* a, void const* b) {
   return static_cast<int>(number(a) - number(b));
 }
 
-// The block of the pointers holds the marks of the numbering before they are in it.
 void atr_translate::sortSlots(bool hasUnnumbered) {
-  if (hasUnnumbered) detail::numberSlots(args, count, reinterpret_cast<char*>(sorted));
+  if (hasUnnumbered) detail::numberSlots(args, count, SlotIndex(sorted, count).marks());
   bool isAscending = true;
   for (int i = 0; i < count; ++i) {
     sorted[i] = &args[i];
@@ -189,14 +174,6 @@ char const* atr_translate::Format(int position) const {
 
 void atr_translate::FixExponent(char* text) { shortenExponent(text); }
 
-void MessageSlots::take(atr_translate& message, Slot& slot, char* block,
-                        std::size_t bytes) noexcept {
-  if (slot.substitution != nullptr) [[unlikely]]
-    ::operator delete(slot.substitution);
-  slot.substitution = block;
-  placesBehind(message.sorted, message.count)[&slot - message.args].bytes = bytes;
-}
-
 namespace {
 
 char* copy(char* out, char const* text, std::size_t bytes) noexcept {
@@ -209,7 +186,7 @@ char* copy(char* out, char const* text, std::size_t bytes) noexcept {
 // Built in one representation of the exact length.
 atr_String atr_translate::Result() const {
   if (count == 0) return atr_StringFromText(compiled);
-  Place const* const places = placesBehind(sorted, count);
+  SlotIndex::Place const* const places = SlotIndex(sorted, count).places();
   std::size_t const textBytes = places[count].at;
   std::size_t bytes = textBytes - static_cast<std::size_t>(count) * kPlaceholderBytes;
   for (int i = 0; i < count; ++i) bytes += places[i].bytes;

@@ -79,7 +79,7 @@ class atr_translate {
   char const* source;  // the caller's pointer; not read again
   int count;           // conversions
   StrArgs* args;       // in template order; may have more elements than `count`
-  StrArgs** sorted;    // [ `count` pointers by number | `count` places in template order | end ]
+  StrArgs** sorted;    // `count` pointers by rank, and places behind them: see slot_index.h
   char* compiled;      // text with "%s" at each conversion, in a block of the template's size
 };
 

@@ -1,9 +1,11 @@
-// Texts into slots.
+// Values that have become texts go into their slots here, and texts are fitted into their fields.
+#include "atr/format/message_slots.h"
+
 #include <algorithm>
 #include <cstring>
 #include <new>
 
-#include "atr/format/message_slots.h"
+#include "atr/format/slot_index.h"
 #include "atr/format/template_scan.h"
 #include "atr/frame/words.h"
 #include "atr/strings/body_room.h"
@@ -12,7 +14,8 @@ using namespace atr;
 
 namespace {
 
-struct Field {
+// How a text stands in its field. Unlike a number's, its width and precision have no bound.
+struct TextLayout {
   bool isLeft = false;
   int width = -1;      // none
   int precision = -1;  // none
@@ -30,16 +33,16 @@ bool scanInt(char const*& p, int& value) noexcept {
   return true;
 }
 
-Field parseField(char const* format) noexcept {
-  Field field;
+TextLayout parseTextLayout(char const* format) noexcept {
+  TextLayout layout;
   char const* p = format + 1;
   if (*p == '-') {
-    field.isLeft = true;
+    layout.isLeft = true;
     ++p;
   }
-  bool const hasPoint = *p == '.' || (scanInt(p, field.width) && *p == '.');
-  if (hasPoint) scanInt(++p, field.precision);
-  return field;
+  bool const hasPoint = *p == '.' || (scanInt(p, layout.width) && *p == '.');
+  if (hasPoint) scanInt(++p, layout.precision);
+  return layout;
 }
 
 char* newText(char const* text, std::size_t bytes) {
@@ -60,6 +63,14 @@ char* newField(char const* text, std::size_t used, std::size_t total, bool isLef
 
 }  // namespace
 
+void MessageSlots::take(atr_translate& message, Slot& slot, char* block,
+                        std::size_t bytes) noexcept {
+  if (slot.substitution != nullptr) [[unlikely]]
+    ::operator delete(slot.substitution);
+  slot.substitution = block;
+  SlotIndex(message.sorted, message.count).places()[&slot - message.args].bytes = bytes;
+}
+
 void MessageSlots::put(atr_translate& message, Slot& slot, char const* text, std::size_t bytes) {
   take(message, slot, newText(text, bytes), bytes);
 }
@@ -68,16 +79,16 @@ void MessageSlots::putField(atr_translate& message, Slot& slot, char const* text
                             char const* format) {
   char const* const value = text != nullptr ? text : "";
   std::size_t const length = std::strlen(value);
-  bool const isPlain = format == nullptr || format[0] == '\0' || format[1] == 's';
-  if (isPlain) return put(message, slot, value, length);
-  Field const field = parseField(format);
+  bool const hasLayout = format != nullptr && format[0] != '\0' && format[1] != 's';
+  if (!hasLayout) return put(message, slot, value, length);
+  TextLayout const layout = parseTextLayout(format);
   std::size_t const used =
-      field.precision < 0 ? length : std::min(static_cast<std::size_t>(field.precision), length);
+      layout.precision < 0 ? length : std::min(static_cast<std::size_t>(layout.precision), length);
   // A width from a template is anybody's number. A field that no string can hold is refused before
   // anything changes.
-  std::size_t const total = std::max(static_cast<std::size_t>(std::max(field.width, 0)), used);
+  std::size_t const total = std::max(static_cast<std::size_t>(std::max(layout.width, 0)), used);
   checkedLength(total);
-  take(message, slot, newField(value, used, total, field.isLeft), total);
+  take(message, slot, newField(value, used, total, layout.isLeft), total);
 }
 
 void atr_translate::AddSubstitution(int position, char const* text, char const* format) {
