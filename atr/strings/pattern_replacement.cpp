@@ -11,6 +11,8 @@
 
 using namespace atr;
 
+// What is replaced by what, and the sweeps that do it. Those over a body that one string alone
+// holds go on from a replacement that was made at `at`, and replace at most `count` more.
 struct atr_StringBase::Replacement {
   std::string_view from;
   std::string_view to;
@@ -35,6 +37,10 @@ struct atr_StringBase::Replacement {
     }
     return true;
   }
+
+  void sweepAlike(atr_StringBase& s, int at, int count) const noexcept;
+  void sweepShrinking(atr_StringBase& s, int at, int count) const noexcept;
+  bool sweepGrowing(atr_StringBase& s, int at, int count) const;
 };
 
 // No match can begin further ahead of the last replacement than the pattern is long. Where the
@@ -59,15 +65,15 @@ atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_Strin
     if (toLength == fromLength) count = 1;
   }
   bool const isSweep = atr_summary == nullptr && !hasNul && r.isIndependent();
-  if (isSweep && r.growth() > 0 && replaceGrowing(at, r, count)) return *this;
+  if (isSweep && r.growth() > 0 && r.sweepGrowing(*this, at, count)) return *this;
   for (; count > 0 && at != lengthOf(*this); --count) {
     replace(at, fromLength, textOf(replacement), toLength, 0, kAll);
     if (toLength == fromLength && !hasNul) {
-      replaceAlike(at, r, count - 1);
+      r.sweepAlike(*this, at, count - 1);
       break;
     }
     if (isSweep && r.growth() < 0) {
-      replaceShrinking(at, r, count - 1);
+      r.sweepShrinking(*this, at, count - 1);
       break;
     }
     at = Find(textOf(pattern), std::max(0, at - fromLength + 1));
@@ -84,73 +90,72 @@ void replaceBytes(char* p, char const* end, char from, char to) noexcept {
 
 }  // namespace
 
-// The sweeps over a body that this string alone holds go on from a replacement at `at`.
-
 // Of one length: nothing moves, and matches that come about are found as the loop finds them. One
 // byte by another in the whole text needs no search.
-void atr_StringBase::replaceAlike(int at, Replacement const& r, int count) noexcept {
-  if (r.from.size() == 1 && count >= rep->length) {
-    replaceBytes(body + at, body + textEnd(), r.from[0], r.to[0]);
+void atr_StringBase::Replacement::sweepAlike(atr_StringBase& s, int at, int count) const noexcept {
+  if (from.size() == 1 && count >= s.rep->length) {
+    replaceBytes(s.body + at, s.body + s.textEnd(), from[0], to[0]);
     return;
   }
-  char* p = body + at;
+  char* p = s.body + at;
   for (; count > 0; --count) {
-    p = r.find(p - std::min<std::ptrdiff_t>(p - body, std::ssize(r.from) - 1));
+    p = find(p - std::min<std::ptrdiff_t>(p - s.body, std::ssize(from) - 1));
     if (p == nullptr) return;
-    std::memcpy(p, r.to.data(), r.to.size());
+    std::memcpy(p, to.data(), to.size());
   }
 }
 
-void atr_StringBase::replaceShrinking(int at, Replacement const& r, int count) noexcept {
-  char const* const end = body + rep->length;
-  char* out = body + at + r.to.size();
+void atr_StringBase::Replacement::sweepShrinking(atr_StringBase& s, int at,
+                                                 int count) const noexcept {
+  char const* const end = s.body + s.rep->length;
+  char* out = s.body + at + to.size();
   char* in = out;
-  auto const closeUp = [&](char const* to) noexcept {
-    std::memmove(out, in, static_cast<std::size_t>(to - in));
-    out += to - in;
+  auto const closeUp = [&](char const* until) noexcept {
+    std::memmove(out, in, static_cast<std::size_t>(until - in));
+    out += until - in;
   };
   for (; count > 0; --count) {
-    char* const found = r.find(in);
+    char* const found = find(in);
     if (found == nullptr) break;
     closeUp(found);
-    if (!r.to.empty()) std::memcpy(out, r.to.data(), r.to.size());
-    out += r.to.size();
-    in = found + r.from.size();
+    if (!to.empty()) std::memcpy(out, to.data(), to.size());
+    out += to.size();
+    in = found + from.size();
   }
   closeUp(end);
   *out = '\0';
-  rep->length = static_cast<int>(out - body);
+  s.rep->length = static_cast<int>(out - s.body);
 }
 
 // Counts first, so that the text moves once, into the room that the passes would end in. Leaves it
 // to the loop if it need not move at all.
-bool atr_StringBase::replaceGrowing(int at, Replacement const& r, int count) {
-  int length = rep->length;
-  int size = rep->refCount == 1 ? rep->size : 0;
+bool atr_StringBase::Replacement::sweepGrowing(atr_StringBase& s, int at, int count) const {
+  int length = s.rep->length;
+  int size = s.rep->refCount == 1 ? s.rep->size : 0;
   int capacity = -1;
-  char* const last = body + at;
+  char* const last = s.body + at;
   int matches = 0;
-  for (char* p = last; p != nullptr && matches < count; p = r.find(p + r.from.size())) {
+  for (char* p = last; p != nullptr && matches < count; p = find(p + from.size())) {
     ++matches;
-    length = checkedLength(std::int64_t{length} + r.growth());
+    length = checkedLength(std::int64_t{length} + growth());
     if (size > length) continue;
     capacity = length;
     size = static_cast<int>(bodySize(capacity));
   }
   if (capacity < 0) return false;
-  char* in = body;
-  char const* const end = body + rep->length;
+  char* in = s.body;
+  char const* const end = s.body + s.rep->length;
   char* found = last;
-  char* const toFree = get(capacity);
-  char* out = body;
+  char* const toFree = s.get(capacity);
+  char* out = s.body;
   for (; matches > 0; --matches) {
     out = std::copy(in, found, out);
-    out = std::copy(r.to.begin(), r.to.end(), out);
-    in = found + r.from.size();
-    found = matches > 1 ? r.find(in) : nullptr;
+    out = std::copy(to.begin(), to.end(), out);
+    in = found + from.size();
+    found = matches > 1 ? find(in) : nullptr;
   }
   *std::copy(static_cast<char const*>(in), end, out) = '\0';
-  rep->length = length;
+  s.rep->length = length;
   ::operator delete(toFree);
   return true;
 }

@@ -105,7 +105,7 @@ void atr_StringBase::makeRep(int capacity, int length) {
 // By `fresh`, not by the fields, which would have to be read again behind the copy. In line, since
 // a call more is a tenth of what a short text takes (see the benchmark "construct 30 B").
 ATR_ALWAYS_INLINE void atr_StringBase::makeCopy(char const* text, int length, int capacity) {
-  Blocks const fresh = takeBlocks(capacity != 0 ? capacity : length, length);
+  Blocks const fresh = takeBlocks(capacity != kAsLength ? capacity : length, length);
   rep = fresh.rep;
   body = fresh.body;
   copyText(fresh.body, text, static_cast<std::size_t>(length));
@@ -143,31 +143,33 @@ int print(char (&text)[kNumberRoom], double value, int precision) noexcept {
 
 atr_StringBase::atr_StringBase(int value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, static_cast<int>(std::to_chars(text, text + kNumberRoom, value).ptr - text), 0);
+  makeCopy(text, static_cast<int>(std::to_chars(text, text + kNumberRoom, value).ptr - text),
+           kAsLength);
 }
 
 atr_StringBase::atr_StringBase(unsigned int value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, static_cast<int>(std::to_chars(text, text + kNumberRoom, value).ptr - text), 0);
+  makeCopy(text, static_cast<int>(std::to_chars(text, text + kNumberRoom, value).ptr - text),
+           kAsLength);
 }
 
 atr_StringBase::atr_StringBase(float value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, print(text, static_cast<double>(value), 6), 0);
+  makeCopy(text, print(text, static_cast<double>(value), 6), kAsLength);
 }
 
 atr_StringBase::atr_StringBase(double value) : atr_StringBase() {
   char text[kNumberRoom];
-  makeCopy(text, print(text, value, 15), 0);
+  makeCopy(text, print(text, value, 15), kAsLength);
 }
 
 atr_StringBase::atr_StringBase(char const* text) : atr_StringBase() {
   std::size_t const length = text != nullptr ? std::strlen(text) : 0;
-  if (length > 0) makeCopy(text, checkedLength(length), 0);
+  if (length > 0) makeCopy(text, checkedLength(length), kAsLength);
 }
 
 atr_StringBase::atr_StringBase(char const* text, int length) : atr_StringBase() {
-  makeCopy(text, text != nullptr ? std::max(length, 0) : 0, 0);
+  makeCopy(text, text != nullptr ? std::max(length, 0) : 0, kAsLength);
 }
 
 atr_StringBase::atr_StringBase(char const* text, int length, Borrow) : atr_StringBase() {
@@ -234,6 +236,8 @@ bool atr_StringBase::isSoleOwnerWithRoom(int n) const noexcept {
   return rep != nullptr && rep->refCount == 1 && rep->size > n;
 }
 
+// No block grows where it stands: operator new has no call for it. The attempt is still counted,
+// since the summary tells how often an inline body was too small.
 bool atr_StringBase::tryExtend(int /*n*/) noexcept {
   if (atr_summary != nullptr) {
     atr_summary->extensionFailures =

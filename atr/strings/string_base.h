@@ -215,6 +215,7 @@ class atr_StringBase {
 
  private:
   void makeRep(int capacity, int length);
+  static constexpr int kAsLength = 0;  // a capacity: that of the text alone
   void makeCopy(char const* text, int length, int capacity);
   void reportCreated() const noexcept;
   bool tryExtend(int n) noexcept;
@@ -228,9 +229,6 @@ class atr_StringBase {
   void splice(int pos, int removed, int inserted);
   int textEnd() const noexcept;
   struct Replacement;
-  void replaceAlike(int at, Replacement const& r, int count) noexcept;
-  void replaceShrinking(int at, Replacement const& r, int count) noexcept;
-  bool replaceGrowing(int at, Replacement const& r, int count);
   atr_StringBase& changeCase(bool toUpper);
   atr_StringBase& changeFirst(bool toUpper);
 };

@@ -1,4 +1,5 @@
-// Edits at a position. All of them go through splice, which copies each kept byte once at the most.
+// Edits of the bytes of a string. Those that change the length go through splice, which copies each
+// kept byte once at the most.
 #include <algorithm>
 #include <climits>
 #include <cstdint>
@@ -87,4 +88,11 @@ void atr_StringBase::SetStringLength(int n) {
   int const most =
       rep->size > 0 ? rep->size - 1 : INT_MAX;  // what was lent is the lender's to know
   rep->length = std::clamp(n, 0, most);
+}
+
+atr_StringBase& atr_StringBase::Reverse() {
+  if (rep == nullptr) return *this;
+  isolate(rep->length);
+  std::reverse(body, body + rep->length);
+  return *this;
 }
