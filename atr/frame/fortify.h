@@ -5,7 +5,7 @@
 #define ATR_FRAME_FORTIFY_H
 
 #if !defined(_FORTIFY_SOURCE) && defined(__OPTIMIZE__)
-#define _FORTIFY_SOURCE 2
+#define _FORTIFY_SOURCE 2  // NOLINT(bugprone-reserved-identifier): its own name
 #endif
 
 #endif  // ATR_FRAME_FORTIFY_H

@@ -1,0 +1,20 @@
+# Removes the files that the last installation from this build folder laid out, and the folders that
+# have become empty.
+#   cmake --build BUILD --target atr_uninstall
+cmake_minimum_required(VERSION 3.25)
+if(NOT EXISTS ${build}/install_manifest.txt)
+  message(FATAL_ERROR "Nothing was installed from ${build}.")
+endif()
+file(STRINGS ${build}/install_manifest.txt files)
+foreach(file IN LISTS files)
+  file(REMOVE "$ENV{DESTDIR}${file}")
+  cmake_path(GET file PARENT_PATH folder)
+  while(NOT folder STREQUAL prefix AND folder MATCHES "^${prefix}/")
+    file(GLOB rest "$ENV{DESTDIR}${folder}/*")
+    if(rest)
+      break()
+    endif()
+    file(REMOVE_RECURSE "$ENV{DESTDIR}${folder}")
+    cmake_path(GET folder PARENT_PATH folder)
+  endwhile()
+endforeach()
