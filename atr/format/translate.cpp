@@ -66,6 +66,7 @@ struct Compile {
     hasUnnumbered = hasUnnumbered || c.number == Conversion::kNoNumber;
     text(kPlaceholder, kPlaceholder + kPlaceholderBytes);
   }
+  void lost(Conversion const& /*c*/) noexcept {}
 
   char* start;
   char* out;
@@ -158,21 +159,6 @@ void atr_translate::parse(char const* text, char const* end) {
 
 namespace {
 
-// The unnumbered slots, from left to right, get the numbers from 1 up that no slot holds. `marks`
-// has room for count + 1 bytes.
-void numberSlots(atr_translate::StrArgs* args, int count, char* marks) noexcept {
-  std::memset(marks, 0, static_cast<std::size_t>(count) + 1);
-  for (int i = 0; i < count; ++i) {
-    if (args[i].position >= 0 && args[i].position <= count) marks[args[i].position] = 1;
-  }
-  int next = 1;
-  for (int i = 0; i < count; ++i) {
-    if (args[i].position != Conversion::kNoNumber) continue;
-    while (marks[next] != 0) ++next;
-    args[i].position = next++;
-  }
-}
-
 // Not stable: these steps fix the order in which equal numbers end.
 template <class Compare>
 void ShellSort(atr_translate::StrArgs** base, int n, Compare compare) {
@@ -196,7 +182,7 @@ int atr_translate::compare(void const* a, void const* b) {
 
 // The block of the pointers holds the marks of the numbering before they are in it.
 void atr_translate::sortSlots(bool hasUnnumbered) {
-  if (hasUnnumbered) numberSlots(args, count, reinterpret_cast<char*>(sorted));
+  if (hasUnnumbered) detail::numberSlots(args, count, reinterpret_cast<char*>(sorted));
   bool isAscending = true;
   for (int i = 0; i < count; ++i) {
     sorted[i] = &args[i];

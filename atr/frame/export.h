@@ -23,4 +23,8 @@
 #define ATR_INLINE_API
 #endif
 
+/// The inline namespace of what the headers define themselves, one for each version that changes
+/// any of it. Modules of one process that were built with two versions then each keep their own.
+#define ATR_HEADER_VERSION v1_0
+
 #endif  // ATR_FRAME_EXPORT_H
