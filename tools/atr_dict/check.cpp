@@ -1,6 +1,7 @@
 // `atr-dict check`: what the runtime would do in silence.
 #include <memory>
 
+#include "asked_keys.h"
 #include "check_options.h"
 #include "checks.h"
 #include "commands.h"
@@ -24,6 +25,7 @@ void checkAll(Findings& findings) {
   checkTexts(findings);
   checkConversions(findings);
   checkKeys(findings);
+  checkPlurals(findings);
 }
 
 namespace {
@@ -33,6 +35,9 @@ enum class Color { automatic, always, never };
 struct CheckCommand {
   std::vector<std::string> files;
   std::vector<std::string> disabled;
+  std::vector<std::string> charsets;
+  std::string reference;
+  std::string keys;
   Format format = Format::text;
   Color color = Color::automatic;
   bool isStrict = false;
@@ -50,6 +55,9 @@ void CheckCommand::checkFile(std::string const& file, Counts& counts) const {
   Dictionary const dictionary = readDictionary(file);
   Findings findings(dictionary, rulesNamed(disabled));
   checkAll(findings);
+  for (std::string const& charset : charsets) checkCharset(findings, charset);
+  if (!reference.empty()) checkAsked(findings, keysOf(readDictionary(reference)));
+  if (!keys.empty()) checkAsked(findings, expanded(readAskedKeys(keys), dictionary));
   report(findings, style(), counts);
 }
 
@@ -85,6 +93,13 @@ void addCheck(CLI::App& app, Action& action) {
       ->type_name("RULE")
       ->allow_extra_args(false)
       ->check(CLI::IsMember(ruleNames()).description(""));
+  sub->add_option("--charset", command->charsets, "tell what a charset lacks; may be given often")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  sub->add_option("--reference", command->reference, "a dictionary that has all the keys")
+      ->type_name("FILE");
+  sub->add_option("--keys", command->keys, "the keys that the program asks for")
+      ->type_name("POT|LIST");
   sub->add_flag("--strict", command->isStrict, "warnings count for the exit status too");
   std::map<std::string, Format> const formats{
       {"text", Format::text}, {"json", Format::json}, {"github", Format::github}};

@@ -15,6 +15,9 @@ using Action = std::function<int()>;
 /// the action.
 void addCheck(CLI::App& app, Action& action);
 void addFormat(CLI::App& app, Action& action);
+void addStats(CLI::App& app, Action& action);
+void addPseudo(CLI::App& app, Action& action);
+void addPoCommands(CLI::App& app, Action& action);
 void addRules(CLI::App& app, Action& action);
 
 }  // namespace dict

@@ -18,6 +18,9 @@ int run(int argc, char** argv) {
   dict::Action action;
   dict::addCheck(app, action);
   dict::addFormat(app, action);
+  dict::addStats(app, action);
+  dict::addPseudo(app, action);
+  dict::addPoCommands(app, action);
   dict::addRules(app, action);
   try {
     app.parse(argc, argv);
