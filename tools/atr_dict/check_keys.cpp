@@ -1,9 +1,9 @@
 // Keys beside each other.
-#include <cctype>
 #include <unordered_map>
 
 #include "checks.h"
 #include "messages.h"
+#include "nearest_key.h"
 
 namespace dict {
 
@@ -21,19 +21,6 @@ void checkDuplicate(Findings& findings, Entry const& before, Entry const& entry)
                  say("line %d gives this key another text; this line wins", line),
                  say("delete one of them, or tell the keys apart by a tail"));
   }
-}
-
-std::string folded(std::string_view key) {
-  std::string result;
-  for (char const c : key) {
-    auto const byte = static_cast<unsigned char>(c);
-    if (byte >= 0x80) {
-      result += c;
-    } else if (std::isspace(byte) == 0) {
-      result += static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte | 0x20 : byte);
-    }
-  }
-  return result;
 }
 
 }  // namespace

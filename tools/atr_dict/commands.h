@@ -14,6 +14,7 @@ using Action = std::function<int()>;
 /// Takes the place of `action` when the command is chosen. What the options fill lives as long as
 /// the action.
 void addCheck(CLI::App& app, Action& action);
+void addExplain(CLI::App& app, Action& action);
 void addFormat(CLI::App& app, Action& action);
 void addStats(CLI::App& app, Action& action);
 void addPseudo(CLI::App& app, Action& action);

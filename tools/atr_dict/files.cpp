@@ -65,7 +65,9 @@ void writeFile(std::string const& path, std::string_view bytes) {
   if (path == "-") return print(bytes);
   // A link keeps pointing at the file that is written.
   std::error_code error;
-  fs::path const target = fs::is_symlink(path, error) ? fs::canonical(path, error) : fs::path(path);
+  bool const isLink = fs::is_symlink(path, error);
+  error.clear();
+  fs::path const target = isLink ? fs::canonical(path, error) : fs::path(path);
   if (error) failOn(path, error.value());
   RemoveFile beside{target.string() + ".atr-dict-new"};
   FileHandle file(std::fopen(beside.path.string().c_str(), "wb"));

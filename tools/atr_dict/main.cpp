@@ -17,6 +17,7 @@ int run(int argc, char** argv) {
   app.footer("Exit status: 0 all well, 1 something found, 2 could not run.");
   dict::Action action;
   dict::addCheck(app, action);
+  dict::addExplain(app, action);
   dict::addFormat(app, action);
   dict::addStats(app, action);
   dict::addPseudo(app, action);
@@ -27,6 +28,7 @@ int run(int argc, char** argv) {
   } catch (CLI::ParseError const& error) {
     return app.exit(error) == 0 ? dict::kAllWell : dict::kCouldNotRun;
   }
+  dict::loadOwnMessages(dict::system::programFolder());
   int const status = action();
   dict::finishOutput();
   return status;
@@ -43,7 +45,6 @@ int main(int argc, char** argv) {
   try {
     dict::system::ignoreClosedPipes();
     dict::system::writeBytes(stdout);
-    dict::loadOwnMessages(dict::system::programFolder());
     return run(argc, argv);
   } catch (dict::Failure const& failure) {
     return fail(failure.what());

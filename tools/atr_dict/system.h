@@ -27,6 +27,15 @@ void ignoreClosedPipes();
 /// Bytes go out as they are written, without line ends being changed.
 void writeBytes(std::FILE* stream);
 
+/// The name of the codeset of LC_CTYPE.
+std::string codeset();
+
+/// Why a path does not open as a regular file, in the system's words.
+std::string whyNotOpened(char const* path);
+
+/// What whyNotOpened answers for a path that does not exist.
+std::string absence();
+
 /// A charset that texts can be tried in.
 class Charset {
  public:
