@@ -101,6 +101,12 @@ void checkPunctuation(Findings& findings, Entry const& entry, std::string_view k
 void checkLineBreaks(Findings& findings, Entry const& entry, std::string_view key) {
   auto const inKey = static_cast<int>(std::count(key.begin(), key.end(), '\n'));
   auto const inText = static_cast<int>(std::count(entry.text.begin(), entry.text.end(), '\n'));
+  bool const hasSameEnds = key.starts_with('\n') == entry.text.starts_with('\n') &&
+                           key.ends_with('\n') == entry.text.ends_with('\n');
+  if (inKey == inText && !hasSameEnds) {
+    findings.add(Rule::lineBreaksDiffer, entry.rawValue.data(),
+                 say("line breaks at the start and the end differ from those of the key"));
+  }
   if (inKey == inText) return;
   findings.add(Rule::lineBreaksDiffer, entry.rawValue.data(),
                say("the text has %d line breaks, the key %d", inText, inKey));
