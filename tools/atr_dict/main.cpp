@@ -14,6 +14,7 @@ int run(int argc, char** argv) {
   CLI::App app("The companion of ZLTatr's dictionaries.", "atr-dict");
   app.set_version_flag("--version", "atr-dict " ATR_VERSION);
   app.require_subcommand(1);
+  app.set_help_all_flag("--help-all", "Print this help message with that of all commands");
   app.footer("Exit status: 0 all well, 1 something found, 2 could not run.");
   dict::Action action;
   dict::addCheck(app, action);
