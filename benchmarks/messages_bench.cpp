@@ -1,6 +1,7 @@
 // Dictionaries, lookups and messages beside gettext, boost, ICU, fmt and what one would write by
 // hand.
 #include <atr/atr.h>
+#include <atr/message.h>
 #include <fmt/args.h>
 #include <fmt/format.h>
 #include <libintl.h>
@@ -173,6 +174,12 @@ void messages() {
       std::snprintf(out, sizeof out, dgettext(isTranslated ? "d100" : "none", text.c_str()),
                     "chapter10.txt", done, all);
       std::string result = out;
+      DoNotOptimize(result);
+    });
+    side(name, "atr::message, checked", 1, [=] {
+      load(isTranslated ? 100 : 0);
+      atr_String result =
+          atr::message(ATR_T("%1$s: %2$d of %3$d bytes"), "chapter10.txt", done, all);
       DoNotOptimize(result);
     });
     blocksLimit(name, 10, 32);

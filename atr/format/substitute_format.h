@@ -7,7 +7,55 @@
 
 #include "atr/format/translate.h"
 #include "atr/frame/export.h"
+#include "atr/strings/string_arguments.h"
 #include "atr/strings/string_base.h"
+
+namespace atr {
+namespace detail {
+inline namespace ATR_HEADER_VERSION {
+
+template <class T>
+constexpr bool kIsForeignCharacter = false;
+template <>
+constexpr bool kIsForeignCharacter<signed char> = true;
+template <>
+constexpr bool kIsForeignCharacter<unsigned char> = true;
+template <>
+constexpr bool kIsForeignCharacter<wchar_t> = true;
+template <>
+constexpr bool kIsForeignCharacter<char16_t> = true;
+template <>
+constexpr bool kIsForeignCharacter<char32_t> = true;
+#ifdef __cpp_char8_t
+template <>
+constexpr bool kIsForeignCharacter<char8_t> = true;
+#endif
+
+struct NoText {};
+template <class T>
+auto textOf(int) -> decltype(valueOf<T>().c_str());
+template <class T>
+NoText textOf(long);
+template <class T>
+auto bytesOf(int) -> decltype(valueOf<T>().size(), valueOf<T>().data());
+template <class T>
+NoText bytesOf(long);
+
+template <class T>
+constexpr bool kIsTextPointer = false;
+template <>
+constexpr bool kIsTextPointer<char const*> = true;
+
+/// True for a class other than our strings with a c_str() that is a text of char.
+template <class T>
+constexpr bool kHasText = !kIsString<T> && kIsTextPointer<decltype(textOf<T>(0))>;
+/// True for a class with the bytes of a text, which no NUL has to end.
+template <class T>
+constexpr bool kIsView = !kIsString<T> && !kHasText<T> && kIsTextPointer<decltype(bytesOf<T>(0))>;
+
+}  // namespace ATR_HEADER_VERSION
+}  // namespace detail
+}  // namespace atr
 
 /// Puts an integer in. `d u x X o c` keep flags, width and precision of the template, `E e f g`
 /// print the value as a double and `s` as plain decimal, both without them. Fields are cut to 1023.
@@ -42,6 +90,32 @@ inline void atr_SubstituteFormat(atr_translate& message, int position, unsigned 
 /// A literal nullptr is a null text.
 inline void atr_SubstituteFormat(atr_translate& message, int position, std::nullptr_t) {
   atr_SubstituteFormat(message, position, static_cast<char const*>(nullptr));
+}
+
+/// A class whose `c_str()` is a text, such as std::string, goes as that text.
+template <class Text, atr::detail::EnableIf<atr::detail::kHasText<Text>> = 0>
+inline void atr_SubstituteFormat(atr_translate& message, int position, Text const& value) {
+  atr_SubstituteFormat(message, position, static_cast<char const*>(value.c_str()));
+}
+
+/// A std::string_view goes as a copy that a NUL ends, with atr/std.h.
+template <class View, atr::detail::EnableIf<atr::detail::kIsView<View>> = 0>
+inline void atr_SubstituteFormat(atr_translate& message, int position, View const& value) {
+  static_assert(atr::detail::StandardText<View>::kKnown,
+                "a std::string_view is a value of a message with #include <atr/std.h>");
+  atr_SubstituteFormat(message, position, atr_String(value.data(), value.size()).c_str());
+}
+
+/// A pointer to characters that are no `char` is refused, since what it shows would be its address.
+template <class Character, atr::detail::EnableIf<atr::detail::kIsForeignCharacter<Character>> = 0>
+inline void atr_SubstituteFormat(atr_translate&, int, Character const*) {
+  static_assert(
+      sizeof(Character) != 1,
+      "a text of bytes that are no char: reinterpret_cast<char const*> shows it as a text, "
+      "static_cast<void const*> as an address");
+  static_assert(sizeof(Character) == 1,
+                "a text of wide characters: convert it to the locale's encoding first (a path by "
+                ".string()); static_cast<void const*> shows it as an address");
 }
 
 #endif  // ATR_FORMAT_SUBSTITUTE_FORMAT_H

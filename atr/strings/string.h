@@ -6,12 +6,22 @@
 #include <cstddef>
 
 #include "atr/frame/export.h"
+#include "atr/strings/string_arguments.h"
 #include "atr/strings/string_base.h"
 
 /// A text of bytes ended by a NUL, counted and copied on write. Copying costs one increment; a text
 /// of up to 238 bytes costs one allocation, a longer one two.
+///
+/// Positions, lengths and counts may be of any integer type; `Find` and `rfind` answer an int.
+/// With atr/std.h a string is compared, hashed and printed, and converts to and from the standard
+/// library's.
 class atr_String : public atr_StringBase {
  public:
+  /// As a count: all that there is, 0x7fffffff.
+  using atr_StringBase::kAll;
+  /// A position, a length or a count in bytes, made from any integer.
+  using Bytes = atr::detail::ByteCount;
+
   /// The null representation: an empty string that allocates nothing.
   atr_String() noexcept = default;
   /// Shares the representation of `other`.
@@ -21,20 +31,27 @@ class atr_String : public atr_StringBase {
   /// A copy of `text`; null and empty texts give the null representation.
   atr_String(char const* text) : atr_StringBase(text) {}
   /// A copy of the first `length` bytes of `text`; always has a representation.
-  atr_String(char const* text, int length) : atr_StringBase(text, length) {}
+  atr_String(char const* text, Bytes length) : atr_StringBase(text, length) {}
+  /// A copy of a std::string or a std::string_view, NULs included; with atr/std.h.
+  template <class Text, atr::detail::EnableIf<atr::detail::StandardText<Text>::kKnown> = 0>
+  atr_String(Text const& text) {
+    if (text.size() != 0) *this = atr_String(text.data(), text.size());
+  }
 
-  /// The number in text, as atr_StringBase prints it.
-  explicit atr_String(int value) : atr_StringBase(value) {}
-  explicit atr_String(unsigned int value) : atr_StringBase(value) {}
-  explicit atr_String(float value) : atr_StringBase(value) {}
-  explicit atr_String(double value) : atr_StringBase(value) {}
+  /// The number in text, as atr_StringBase prints it: `short`, `int`, `float`, `double` and
+  /// unsigned kin. A `char` or a `bool` is no number; a cast says what is meant.
+  template <class Number, class Small = typename atr::detail::NumberType<Number>::Small>
+  explicit atr_String(Number value) : atr_StringBase(static_cast<Small>(value)) {}
+  /// The number in decimal: `long`, `long long` and unsigned kin.
+  template <class Number, class Wide = typename atr::detail::NumberType<Number>::Wide, int = 0>
+  explicit atr_String(Number value) : atr_String(atr::detail::Decimal(static_cast<Wide>(value))) {}
 
   /// Reads `text`, which must outlive every sharer, where it stands until the first write.
   atr_String(char const* text, int length, Borrow how) : atr_StringBase(text, length, how) {}
   /// Takes over a block of operator new that holds `length` bytes of text and a NUL.
   atr_String(char* text, int length, Adopt how) : atr_StringBase(text, length, how) {}
   /// An empty text with room for `capacity` bytes.
-  atr_String(int capacity, PreSizeEnm how) : atr_StringBase(capacity, how) {}
+  atr_String(Bytes capacity, PreSizeEnm how) : atr_StringBase(capacity, how) {}
 
   ATR_INLINE_API ~atr_String() {}  // NOLINT(modernize-use-equals-default): a symbol
 
@@ -61,6 +78,14 @@ class atr_String : public atr_StringBase {
   bool IsEmpty() const noexcept { return length() == 0; }
   /// The text, never null; borrowed until the string next changes.
   char const* c_str() const noexcept { return textOf(*this); }
+  /// The bytes as a range, likewise. `end` is the NUL behind them.
+  char const* begin() const noexcept { return c_str(); }
+  char const* end() const noexcept { return c_str() + length(); }
+  /// A copy as a std::string, or a std::string_view that is borrowed like c_str; with atr/std.h.
+  template <class Text, atr::detail::EnableIf<atr::detail::StandardText<Text>::kKnown> = 0>
+  operator Text() const {
+    return Text(c_str(), length());
+  }
 
   /// A new string of at most `count` bytes from `position`; it never shares and always has a
   /// representation. Empty for a position at or beyond the end.
@@ -68,6 +93,11 @@ class atr_String : public atr_StringBase {
     std::size_t const from = position < length() ? position : length();
     std::size_t const rest = length() - from;
     return atr_String(c_str() + from, static_cast<int>(count < rest ? count : rest));
+  }
+  /// The same with what Find answers, and kAll.
+  template <class Position, class Count>
+  atr_String Substr(Position position, Count count) const {
+    return Substr(static_cast<std::size_t>(position), static_cast<std::size_t>(count));
   }
   /// Field `index`, from 0, of the text cut at each `delimiter` byte; a field that is empty or not
   /// there gives the null representation. The text ends at its first NUL.
@@ -102,38 +132,44 @@ class atr_String : public atr_StringBase {
   // The operations of the base, told there. Those that change the string return it.
 
   void Delete() { atr_StringBase::Delete(); }
-  void isolate(int n) { atr_StringBase::isolate(n); }
-  char* get(int n) { return atr_StringBase::get(n); }
-  atr_String& append(char const* src, int srcLength, int srcPos, int count) {
+  void isolate(Bytes n) { atr_StringBase::isolate(n); }
+  char* get(Bytes n) { return atr_StringBase::get(n); }
+  atr_String& append(char const* src, Bytes srcLength, Bytes srcPos, Bytes count) {
     return self(atr_StringBase::append(src, srcLength, srcPos, count));
   }
-  atr_String& Erase(int pos, int count) { return self(atr_StringBase::Erase(pos, count)); }
-  atr_String& insert(int pos, char const* src, int srcLength, int srcPos, int count) {
+  atr_String& Erase(Bytes pos, Bytes count) { return self(atr_StringBase::Erase(pos, count)); }
+  atr_String& insert(Bytes pos, char const* src, Bytes srcLength, Bytes srcPos, Bytes count) {
     return self(atr_StringBase::insert(pos, src, srcLength, srcPos, count));
   }
-  atr_String& replace(int pos, int count, char const* src, int srcLength, int srcPos,
-                      int srcCount) {
+  atr_String& replace(Bytes pos, Bytes count, char const* src, Bytes srcLength, Bytes srcPos,
+                      Bytes srcCount) {
     return self(atr_StringBase::replace(pos, count, src, srcLength, srcPos, srcCount));
   }
-  atr_String& Replace(int pos, int count, char const* src, int srcLength) {
+  atr_String& Replace(Bytes pos, Bytes count, char const* src, Bytes srcLength) {
     return self(atr_StringBase::Replace(pos, count, src, srcLength));
   }
-  char operator[](int i) const { return atr_StringBase::operator[](i); }
-  char& operator[](int i) { return atr_StringBase::operator[](i); }
-  void SetStringLength(int n) { atr_StringBase::SetStringLength(n); }
-  int Find(char const* text, int pos) const { return atr_StringBase::Find(text, pos); }
-  int rfind(char const* text, int textLength, int lastStart) const {
+  char operator[](Bytes i) const { return atr_StringBase::operator[](i); }
+  char& operator[](Bytes i) { return atr_StringBase::operator[](i); }
+  void SetStringLength(Bytes n) { atr_StringBase::SetStringLength(n); }
+  int Find(char const* text, Bytes pos) const { return atr_StringBase::Find(text, pos); }
+  int rfind(char const* text, Bytes textLength, Bytes lastStart) const {
     return atr_StringBase::rfind(text, textLength, lastStart);
   }
-  atr_String& Substitute(atr_StringBase const& from, atr_StringBase const& to, int count) {
+  atr_String& Substitute(atr_StringBase const& from, atr_StringBase const& to, Bytes count) {
     return self(atr_StringBase::Substitute(from, to, count));
   }
-  /// The same with plain texts.
-  atr_String& Substitute(char const* from, char const* to, int count) {
+  /// The same with plain texts, or one of them.
+  atr_String& Substitute(char const* from, char const* to, Bytes count) {
     return Substitute(atr_String(from), atr_String(to), count);
   }
+  atr_String& Substitute(atr_StringBase const& from, char const* to, Bytes count) {
+    return Substitute(from, atr_String(to), count);
+  }
+  atr_String& Substitute(char const* from, atr_StringBase const& to, Bytes count) {
+    return Substitute(atr_String(from), to, count);
+  }
   /// The base's Substr, which only measures; its own name is taken.
-  int SubstrLength(int pos, int count) const { return atr_StringBase::Substr(pos, count); }
+  int SubstrLength(Bytes pos, Bytes count) const { return atr_StringBase::Substr(pos, count); }
   atr_String& LeftTrim(char const* set) { return self(atr_StringBase::LeftTrim(set)); }
   atr_String& RightTrim(char const* set) { return self(atr_StringBase::RightTrim(set)); }
   atr_String& Trim(char const* set) { return self(atr_StringBase::Trim(set)); }
@@ -144,6 +180,9 @@ class atr_String : public atr_StringBase {
   atr_String& Reverse() { return self(atr_StringBase::Reverse()); }
 
  private:
+  explicit atr_String(atr::detail::Decimal const& number)
+      : atr_StringBase(number.begin(), number.bytes()) {}
+
   static atr_String& self(atr_StringBase& base) noexcept { return static_cast<atr_String&>(base); }
 };
 

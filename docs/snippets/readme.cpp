@@ -1,19 +1,14 @@
 #include <atr/atr.h>
+#include <atr/plural.h>
 
-#include <cstdio>
+#include <iostream>
 
 int main() {
-  int starts = 0;
-  atr_initialize(starts);
-  atr_tr_enable(true);  // reads the dictionary that the environment names
+  atr::Library const library;
+  atr::Translation const translation;  // reads the dictionary that the environment names
 
-  atr_translate message("%d of %d files copied to %s");
-  atr_SubstituteFormat(message, 1, 3);
-  atr_SubstituteFormat(message, 2, 10);
-  atr_SubstituteFormat(message, 3, "/media/backup");
-  std::puts(message.Result().c_str());
-  std::puts(atr_raw("Open\\@menu").c_str());   // one English word
-  std::puts(atr_raw("Open\\@state").c_str());  // with two meanings
-
-  atr_finalize(starts);
+  std::cout << atr::message(ATR_T("%d of %d files copied to %s"), 3, 10, "/media/backup") << '\n';
+  std::cout << atr::plural(ATR_T("%d file left"), ATR_T("%d files left"), 7) << '\n';
+  std::cout << atr_raw("Open\\@menu") << '\n';   // one English word
+  std::cout << atr_raw("Open\\@state") << '\n';  // with two meanings
 }

@@ -1,3 +1,5 @@
 msg['%d of %d files copied to %s'] = r'Nach %3$s: %1$d von %2$d Dateien kopiert'
+msg['%d file left\@plural0'] = r'Noch %d Datei'
+msg['%d files left\@plural1'] = r'Noch %d Dateien'
 msg['Open\@menu'] = r'\303\226ffnen'
 msg['Open\@state'] = r'ge\303\266ffnet'

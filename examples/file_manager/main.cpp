@@ -1,6 +1,7 @@
 // The messages of a file manager, in the language that the environment asks for: values of every
-// kind, texts in two meanings, a folded notice, names in natural order.
+// kind, plural forms, texts in two meanings, a folded notice, names in natural order.
 #include <atr/atr.h>
+#include <atr/plural.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -11,13 +12,10 @@ namespace {
 
 void print(atr_String const& text) { std::printf("  %s\n", text.c_str()); }
 
-// Gives the values to the positions 1, 2, ... of a message and prints what comes out.
-template <class... Values>
-void say(char const* text, Values... values) {
-  atr_translate message(text);
-  int position = 0;
-  (atr_SubstituteFormat(message, ++position, values), ...);
-  print(message.Result());
+// Prints a message; ATR_T around its text has the values checked when this is compiled.
+template <class Text, class... Values>
+void say(Text text, Values const&... values) {
+  print(atr::message(text, values...));
 }
 
 struct File {
@@ -34,26 +32,32 @@ File files[] = {{"chapter10.txt", 48213, 0.5},
 void showFolder() {
   std::sort(std::begin(files), std::end(files),
             [](File const& a, File const& b) { return strnatcmp(a.name, b.name) < 0; });
-  say("Contents of %s", "/home/anna/novel");
+  say(ATR_T("Contents of %s"), "/home/anna/novel");
   for (File const& file : files) {
-    say("%-16s %12d bytes, changed %.1f days ago", file.name, file.bytes, file.changedDays);
+    say(ATR_T("%-16s %12d bytes, changed %.1f days ago"), file.name, file.bytes, file.changedDays);
   }
-  say("%d of %d files selected", 3, static_cast<int>(std::size(files)));
+  say(ATR_T("%d of %d files selected"), 3, static_cast<int>(std::size(files)));
 }
 
 void copyFiles() {
-  say("Copying %s to %s", "chapter10.txt", "/media/backup");
-  say("%s: %d of %d bytes done (%.1f%%)", "chapter9.txt", std::int64_t{1250000000}, files[2].bytes,
-      25.0);
-  say("Checksum of %s: %08x", "chapter10.txt", 0xC0FFEEU);
-  say("The copy at %x was verified in %g seconds", static_cast<void const*>(&files), 1.5e-7);
-  say("Error %d: \"%s\" is read only", 30, "chapter2.txt");
+  say(ATR_T("Copying %s to %s"), "chapter10.txt", "/media/backup");
+  say(ATR_T("%s: %d of %d bytes done (%.1f%%)"), "chapter9.txt", std::int64_t{1250000000},
+      files[2].bytes, 25.0);
+  say(ATR_T("Checksum of %s: %08x"), "chapter10.txt", 0xC0FFEEU);
+  say(ATR_T("The copy at %x was verified in %g seconds"), static_cast<void const*>(&files), 1.5e-7);
+  say(ATR_T("Error %d: \"%s\" is read only"), 30, "chapter2.txt");
 }
 
 void showMenu() {
   print(atr_raw("Open\\@menu") + " | " + atr_raw("Close") + " | " + atr_raw("Rename") + " | " +
         atr_raw("Move to the trash"));
-  say("State of %s: %s", "chapter9.txt", atr_raw("Open\\@state"));
+  say(ATR_T("State of %s: %s"), "chapter9.txt", atr_raw("Open\\@state"));
+}
+
+void showTrash() {
+  for (int const count : {1, 2, 5, 21}) {
+    print(atr::plural(ATR_T("%d file in the trash"), ATR_T("%d files in the trash"), count));
+  }
 }
 
 void showNotice() {
@@ -69,12 +73,11 @@ void showNotice() {
 }  // namespace
 
 int main() {
-  int starts = 0;
-  atr_initialize(starts);
-  atr_tr_enable(true);
+  atr::Library const library;
+  atr::Translation const translation;
   showMenu();
   showFolder();
   copyFiles();
+  showTrash();
   showNotice();
-  atr_finalize(starts);
 }

@@ -20,6 +20,11 @@ msg['The copy at %x was verified in %g seconds'] = r'Die Kopie bei %x wurde in %
 msg['Error %d: "%s" is read only'] = r'Fehler %d: \"%s\" ist schreibgeschützt'
 msg['The disk is almost full. Move files that you no longer need to another disk, or empty the trash, before you copy more.'] = r'Der Datenträger ist fast voll. Verschieben Sie nicht mehr benötigte Dateien auf einen anderen Datenträger oder leeren Sie den Papierkorb, bevor Sie weitere Dateien kopieren.'
 
+# Plural forms: the rule of the language, and a form for each index that it gives.
+msg['\@plural'] = r'n != 1'
+msg['%d file in the trash\@plural0'] = r'%d Datei im Papierkorb'
+msg['%d files in the trash\@plural1'] = r'%d Dateien im Papierkorb'
+
 # Menus and headings.
 msg['Cancel'] = r'Abbrechen'
 msg['New folder'] = r'Neuer Ordner'

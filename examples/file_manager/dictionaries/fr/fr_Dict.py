@@ -20,6 +20,12 @@ msg['The copy at %x was verified in %g seconds'] = r'La copie à l\'adresse %x a
 msg['Error %d: "%s" is read only'] = r'Erreur %d\xC2\xA0: «\xC2\xA0%s\xC2\xA0» est en lecture seule'
 msg['The disk is almost full. Move files that you no longer need to another disk, or empty the trash, before you copy more.'] = r'Le disque est presque plein. Avant de poursuivre la copie, déplacez les fichiers dont vous n\'avez plus besoin vers un autre disque ou videz la corbeille.'
 
+# Plural forms: the rule of the language, and a form for each index that it gives.
+msg['\@plural'] = r'n > 1'
+msg['%d file in the trash\@plural0'] = r'%d fichier dans la corbeille'
+msg['%d files in the trash\@plural0'] = r'%d fichier dans la corbeille'
+msg['%d files in the trash\@plural1'] = r'%d fichiers dans la corbeille'
+
 # Menus and headings.
 msg['Cancel'] = r'Annuler'
 msg['New folder'] = r'Nouveau dossier'

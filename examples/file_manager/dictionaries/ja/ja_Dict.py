@@ -21,6 +21,11 @@ msg['The copy at %x was verified in %g seconds'] = r'コピーの検証は %2$g 
 msg['Error %d: "%s" is read only'] = r'エラー %d: \343\200\214%s\343\200\215は読み取り専用です'
 msg['The disk is almost full. Move files that you no longer need to another disk, or empty the trash, before you copy more.'] = r'ディスクの空き容量が残りわずかです。 不要なファイルを別のディスクに移すか、 ごみ箱を空にしてから、 コピーを続けてください。'
 
+# Plural forms: the rule of the language, and a form for each index that it gives.
+msg['\@plural'] = r'0'
+msg['%d file in the trash\@plural0'] = r'ごみ箱に %d 個のファイル'
+msg['%d files in the trash\@plural0'] = r'ごみ箱に %d 個のファイル'
+
 # Menus and headings.
 msg['Cancel'] = r'キャンセル'
 msg['New folder'] = r'新しいフォルダー'

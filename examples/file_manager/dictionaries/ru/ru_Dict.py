@@ -1,7 +1,8 @@
 # The messages of the file manager in Russian, in UTF-8: a key as the program passes it
 # and its text in every line. Escapes count in both. Numbers tell which value of the key goes where.
 #
-# Word the texts so that they are right for any number: a noun before the number, or a short unit.
+# A text that counts without plural forms is worded so that it is right for any number: a noun before
+# the number, or a short unit.
 
 # Messages of the program.
 msg['Open\@menu'] = r'Открыть'
@@ -19,6 +20,13 @@ msg['Checksum of %s: %08x'] = r'Контрольная сумма %s: %08x'
 msg['The copy at %x was verified in %g seconds'] = r'Копия по адресу %x проверена за %g с'
 msg['Error %d: "%s" is read only'] = r'Ошибка \342\204\226\302\240%d: файл «%s» доступен только для чтения'
 msg['The disk is almost full. Move files that you no longer need to another disk, or empty the trash, before you copy more.'] = r'Диск почти заполнен. Прежде чем продолжать копирование, переместите ненужные файлы на другой диск или очистите корзину.'
+
+# Plural forms: the rule of the language, and a form for each index that it gives.
+msg['\@plural'] = r'n%10==1 && n%100!=11 ? 0 : n%10>=2 && n%10<=4 && (n%100<10 || n%100>=20) ? 1 : 2'
+msg['%d file in the trash\@plural0'] = r'В корзине %d файл'
+msg['%d files in the trash\@plural0'] = r'В корзине %d файл'
+msg['%d files in the trash\@plural1'] = r'В корзине %d файла'
+msg['%d files in the trash\@plural2'] = r'В корзине %d файлов'
 
 # Menus and headings.
 msg['Cancel'] = r'Отмена'

@@ -1,0 +1,5 @@
+msg['\@plural'] = r'n%10==1 && n%100!=11 ? 0 : n%10>=2 && n%10<=4 && (n%100<10 || n%100>=20) ? 1 : 2'
+msg['%d file in %s\@plural0'] = r'В папке %2$s %1$d файл'
+msg['%d files in %s\@plural0'] = r'В папке %2$s %1$d файл'
+msg['%d files in %s\@plural1'] = r'В папке %2$s %1$d файла'
+msg['%d files in %s\@plural2'] = r'В папке %2$s %1$d файлов'
