@@ -16,7 +16,8 @@ configure_package_config_file(cmake/ZLTatrConfig.cmake.in ${PROJECT_BINARY_DIR}/
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZLTatrConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/ZLTatrConfig.cmake ${PROJECT_BINARY_DIR}/ZLTatrConfigVersion.cmake
-  cmake/ZLTatrHelpers.cmake cmake/ZLTatrExtract.cmake DESTINATION ${atr_package_dir})
+  cmake/ZLTatrHelpers.cmake cmake/ZLTatrExtract.cmake cmake/ZLTatrDictionaries.cmake
+  DESTINATION ${atr_package_dir})
 
 # The prefix is found from where the module stands, which moves with the package.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX

@@ -30,7 +30,7 @@ S contentOf(S const& name) {
 }  // namespace
 
 TEST(ToolsRun, CheckTellsAsCompilersDo) {
-  TempFile const file("a.py", "msg['ä %d'] = r'b %i'\nmsg['c'] = r'c'\n");
+  TempFile const file("a.py", "msg['ä %d'] = r'b %i'\nmsg['cde'] = r'cde'\n");
   EXPECT_EQ(run("check a.py"),
             "a.py:1:19: error: \"%i\" is no conversion: its value is lost [unknown-conversion]\n"
             "  msg['ä %d'] = r'b %i'\n"
@@ -41,17 +41,17 @@ TEST(ToolsRun, CheckTellsAsCompilersDo) {
             "  msg['ä %d'] = r'b %i'\n"
             "                      ^\n"
             "  hint: values go by rank: what remains moves up\n"
-            "a.py:2:14: warning: the text is the key [untranslated]\n"
-            "  msg['c'] = r'c'\n"
-            "               ^\n"
+            "a.py:2:16: warning: the text is the key [untranslated]\n"
+            "  msg['cde'] = r'cde'\n"
+            "                 ^\n"
             "errors: 2, warnings: 1\n"
             "1\n");
   S const quiet = "check --disable unknown-conversion --disable missing-conversion ";
   EXPECT_EQ(run(quiet + "--format json a.py"),
-            "{\"file\":\"a.py\",\"line\":2,\"column\":14,\"severity\":\"warning\",\"rule\":"
+            "{\"file\":\"a.py\",\"line\":2,\"column\":16,\"severity\":\"warning\",\"rule\":"
             "\"untranslated\",\"message\":\"the text is the key\",\"hint\":\"\"}\n0\n");
   EXPECT_EQ(run(quiet + "--strict --format github a.py"),
-            "::warning file=a.py,line=2,col=14,title=untranslated::the text is the key\n1\n");
+            "::warning file=a.py,line=2,col=16,title=untranslated::the text is the key\n1\n");
   EXPECT_EQ(run("check a.py", "LC_ALL=de_DE.ISO-8859-1").find("a.py:1:19: Fehler: "), 0U);
 }
 

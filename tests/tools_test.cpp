@@ -69,11 +69,12 @@ TEST(Tools, LinesAndTheirVerdicts) {
       {"a comment with a broken marker", "# msg['a'] =r'b'\n", ""},
       {"line ends that differ", "# a\r\n# b\n", "2:4 mixed-line-ends"},
       {"CR LF throughout", "# a\r\nmsg['a'] = r'b'\r\n", ""},
-      {"a comment allows a rule", "# atr-dict: allow nul, untranslated\n" + entry("ab", "ab"), ""},
-      {"a comment allows one line", "# atr-dict: allow untranslated\n" + good + entry("b", "b"),
-       "3:14 untranslated"},
-      {"a comment allows no other rule", "# atr-dict: allow nul\n" + entry("ab", "ab"),
-       "2:15 untranslated"},
+      {"a comment allows a rule", "# atr-dict: allow nul, untranslated\n" + entry("abc", "abc"),
+       ""},
+      {"a comment allows one line", "# atr-dict: allow untranslated\n" + good + entry("bcd", "bcd"),
+       "3:16 untranslated"},
+      {"a comment allows no other rule", "# atr-dict: allow nul\n" + entry("abc", "abc"),
+       "2:16 untranslated"},
   });
 }
 
@@ -88,7 +89,7 @@ TEST(Tools, TextsAndTheirVerdicts) {
       {"a tail in a text", entry("a\\@b", "c\\@b"), "1:18 tail-in-value"},
       {"a text that is its key", entry("abc", "abc"), "1:16 untranslated"},
       {"a text that is its key but for a tail", entry("abc\\@x", "abc"), "1:19 untranslated"},
-      {"nothing to translate", entry("%d: %s", "%d: %s"), ""},
+      {"nothing to translate", entry("%d kB: %s", "%d kB: %s"), ""},
       {"blanks at the start", entry(" a", "b"), "1:15 blanks-differ"},
       {"blanks at the end", entry("a", "b "), "1:16 blanks-differ"},
       {"punctuation", entry("a.", "b"), "1:15 punctuation-differs"},

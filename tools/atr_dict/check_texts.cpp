@@ -112,19 +112,27 @@ void checkLineBreaks(Findings& findings, Entry const& entry, std::string_view ke
                say("the text has %d line breaks, the key %d", inText, inKey));
 }
 
-bool hasLetters(std::string_view text) {
+bool isLetter(char c) {
+  return std::isalpha(static_cast<unsigned char>(c)) != 0 || static_cast<signed char>(c) < 0;
+}
+
+// Units and signs are the same in many languages.
+bool hasWord(std::string_view text) {
+  constexpr int kWord = 3;  // letters
+  int letters = 0;
   for (TemplatePiece const& piece : cutTemplate(text)) {
     if (piece.kind != TemplatePiece::text) continue;
-    bool const isFound = std::any_of(piece.bytes.begin(), piece.bytes.end(), [](char c) {
-      return std::isalpha(static_cast<unsigned char>(c)) != 0;
-    });
-    if (isFound) return true;
+    for (char const c : piece.bytes) {
+      letters = isLetter(c) ? letters + 1 : 0;
+      if (letters == kWord) return true;
+    }
+    letters = 0;
   }
   return false;
 }
 
 void checkTranslation(Findings& findings, Entry const& entry, std::string_view key) {
-  if (entry.text == key && hasLetters(key)) {
+  if (entry.text == key && hasWord(key)) {
     findings.add(Rule::untranslated, entry.rawValue.data(), say("the text is the key"));
   }
   std::size_t const tail = entry.text.find("\\@");

@@ -2,7 +2,11 @@
 //
 // The process has one table. The start comes first, and all that it tells is kept as facts; then
 // the table is released and takes the tool's own messages, in which the story is told.
+#include "explain.h"
 #include <algorithm>
+
+#include "messages.h"  // its strings of the library have to know the standard ones from the start
+
 #include <clocale>
 #include <cstdlib>
 #include <memory>
@@ -15,10 +19,8 @@
 #include "atr/translation/translation_table.h"
 #include "commands.h"
 #include "entry_text.h"
-#include "explain.h"
 #include "failure.h"
 #include "files.h"
-#include "messages.h"
 #include "nearest_key.h"
 #include "system.h"
 

@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "atr/format/substitute_format.h"
-#include "atr/format/translate.h"
+#include "atr/message.h"
 
 namespace dict {
 
@@ -15,22 +14,11 @@ namespace dict {
 /// @param besideProgram the folder that the program stands in.
 void loadOwnMessages(std::string const& besideProgram);
 
-inline void substitute(atr_translate& message, int position, std::string const& value) {
-  atr_SubstituteFormat(message, position, value.c_str());
-}
-template <class Value>
-void substitute(atr_translate& message, int position, Value value) {
-  atr_SubstituteFormat(message, position, value);
-}
-
 /// The message under `key` with its values, which are texts in the encoding of the locale or
 /// numbers, in their places.
 template <class... Values>
 std::string say(char const* key, Values const&... values) {
-  atr_translate message(key);
-  [[maybe_unused]] int position = 0;
-  (substitute(message, ++position, values), ...);
-  return message.Result().c_str();
+  return std::string(atr::message(key, values...));
 }
 
 /// UTF-8 in the encoding of the locale, with `?` for what it does not have. Bytes that are no
