@@ -22,7 +22,7 @@ configure_package_config_file(cmake/ZLTatrConfig.cmake.in ${PROJECT_BINARY_DIR}/
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZLTatrConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/ZLTatrConfig.cmake ${PROJECT_BINARY_DIR}/ZLTatrConfigVersion.cmake
-  cmake/ZLTatrHelpers.cmake cmake/ZLTatrExtract.cmake
+  cmake/ZLTatrHelpers.cmake cmake/ZLTatrExtract.cmake cmake/ZLTatrDictionaries.cmake
   DESTINATION ${atr_package_dir} COMPONENT Development)
 
 # --- pkg-config -------------------------------------------------------------------------------

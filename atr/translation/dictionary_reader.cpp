@@ -13,6 +13,7 @@
 #include "atr/encoding/transcoding.h"
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
+#include "atr/translation/entry_line.h"
 #include "atr/translation/line_reader.h"
 #include "atr/translation/translation_table.h"
 
@@ -22,43 +23,7 @@ namespace {
 
 using Block = std::unique_ptr<char, MemoryRelease>;
 
-constexpr char kMarker[] = "'] = r'";
-constexpr std::ptrdiff_t kMarkerBytes = sizeof kMarker - 1;
-constexpr int kClosingBytes = 2;  // a quote and a newline, whatever they really are
 constexpr char kSubstitute = '?';
-
-// line = { byte } "'" key "'] = r'" value closing
-struct EntryLine {
-  char* key;
-  int keyBytes;  // negative if the line's first quote is the marker's own
-  char* value;   // up to the NUL of the line, closing included
-  int valueBytes;
-};
-
-char* findQuote(char* p, char const* end) noexcept {
-  return static_cast<char*>(std::memchr(p, '\'', static_cast<std::size_t>(end - p)));
-}
-
-bool findEntry(char* line, std::ptrdiff_t bytes, EntryLine& entry) noexcept {
-  char* const end = line + bytes;
-  char* const firstQuote = findQuote(line, end);
-  for (char* quote = firstQuote; quote != nullptr && end - quote >= kMarkerBytes;
-       quote = findQuote(quote + 1, end)) {
-    if (std::memcmp(quote, kMarker, kMarkerBytes) != 0) continue;
-    entry.key = firstQuote + 1;
-    entry.keyBytes = static_cast<int>(quote - entry.key);
-    entry.value = quote + kMarkerBytes;
-    entry.valueBytes = static_cast<int>(end - entry.value);
-    return true;
-  }
-  return false;
-}
-
-void cutClosing(EntryLine& entry) noexcept {
-  if (entry.valueBytes < kClosingBytes) return;
-  entry.valueBytes -= kClosingBytes;
-  entry.value[entry.valueBytes] = '\0';
-}
 
 unsigned char const* asBytes(char const* text) noexcept {
   return reinterpret_cast<unsigned char const*>(text);

@@ -1,16 +1,15 @@
 // Escapes in keys and texts of a dictionary. What is no escape stays as it is.
+#include "atr/translation/escapes.h"
+
 #include <cstring>
 
 #include "atr/translation/dictionary_reader.h"
 
+using atr::Escape;
+
 namespace {
 
 constexpr int kMaxOctalDigits = 3;
-
-struct Escape {
-  char const* end;  // behind the sequence, or null if it is none
-  char byte;
-};
 
 int octalDigit(char c) noexcept { return c >= '0' && c <= '7' ? c - '0' : -1; }
 
@@ -37,8 +36,9 @@ Escape hexEscape(char const* p) noexcept {
   return {p, static_cast<char>(value & 0xFF)};
 }
 
-// `p` is behind the backslash.
-Escape decodeEscape(char const* p) noexcept {
+}  // namespace
+
+Escape atr::decodeEscape(char const* p) noexcept {
   constexpr char kNames[] = "\"'\\abfnrtv";
   constexpr char kBytes[] = "\"'\\\a\b\f\n\r\t\v";
   if (octalDigit(*p) >= 0) return octalEscape(p);
@@ -47,8 +47,6 @@ Escape decodeEscape(char const* p) noexcept {
   if (name == nullptr) return {nullptr, 0};
   return {p + 1, kBytes[name - kNames]};
 }
-
-}  // namespace
 
 // A decoded byte is never read again, and a sequence that stays is stepped over whole.
 void atr_trDecodeEscapes(char* text) noexcept {
@@ -60,7 +58,7 @@ void atr_trDecodeEscapes(char* text) noexcept {
       *out++ = *in++;
       continue;
     }
-    Escape const escape = decodeEscape(in + 1);
+    Escape const escape = atr::decodeEscape(in + 1);
     if (escape.end != nullptr) {
       *out++ = escape.byte;
       in = escape.end;

@@ -4,12 +4,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "atr/frame/platform.h"
-
 namespace atr {
 
 void LineReader::start() noexcept {
-  begin_ = end_ = nul_ = buffer_;
+  line_ = begin_ = end_ = nul_ = buffer_;
   behind_ = *nul_ = '\0';
   isAtEnd_ = hasNul_ = false;
 }
@@ -72,9 +70,9 @@ char* LineReader::next(std::ptrdiff_t& bytes) noexcept {
       (begin_ == end_ || std::ferror(stream_) != 0)) {
     return nullptr;
   }
-  char* const line = begin_;
+  char* const line = line_ = begin_;
   begin_ = newline != nullptr ? newline + 1 : line + std::min(end_ - line, kMaxLine);
-  nul_ = platform::hasTextMode ? begin_ : joinLineEnd(line, begin_);
+  nul_ = areJoined_ ? begin_ : joinLineEnd(line, begin_);
   behind_ = *nul_;
   *nul_ = '\0';
   bytes = hasNul_ ? static_cast<std::ptrdiff_t>(std::strlen(line)) : nul_ - line;

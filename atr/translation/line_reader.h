@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdio>
 
+#include "atr/frame/platform.h"
+
 namespace atr {
 
 /// Delivers what fgets with a buffer of 8192 bytes would, without its copies; a line end of CR LF
@@ -12,12 +14,21 @@ namespace atr {
 class LineReader {
  public:
   /// Starts where `stream` stands. It stays the caller's.
-  explicit LineReader(std::FILE* stream) noexcept : stream_(stream) { start(); }
+  /// @param areJoined whether the stream itself makes LF of CR LF.
+  explicit LineReader(std::FILE* stream, bool areJoined = platform::hasTextMode) noexcept
+      : stream_(stream), areJoined_(areJoined) {
+    start();
+  }
 
   /// The next line, with its newline if that fitted and a NUL behind it, or null at the end. The
   /// caller may write to it up to that NUL, until the next call.
   /// @param bytes set to what stands in front of the line's first NUL.
   char* next(std::ptrdiff_t& bytes) noexcept;
+
+  /// Bytes of the line last delivered with those behind a NUL of its own, and bytes of the stream
+  /// that it was made from: one more for a line end of CR LF. Good until the next call.
+  std::ptrdiff_t wholeBytes() const noexcept { return nul_ - line_; }
+  std::ptrdiff_t sourceBytes() const noexcept { return begin_ - line_; }
 
   /// Starts again at the beginning of the file.
   void rewind() noexcept;
@@ -32,6 +43,8 @@ class LineReader {
   char* joinLineEnd(char const* line, char* end) noexcept;
 
   std::FILE* stream_;
+  bool areJoined_;
+  char* line_;    // last delivered
   char* begin_;   // what was not delivered yet
   char* end_;     // of it; a byte of room is behind
   char* nul_;     // behind the line last delivered

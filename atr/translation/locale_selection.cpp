@@ -1,5 +1,7 @@
 // From the environment to the process locale and to a dictionary file. The locale is published
 // before the search, so that it is told also where there is no dictionary.
+#include "atr/translation/locale_selection.h"
+
 #include <climits>
 #include <clocale>
 #include <cstdio>
@@ -16,10 +18,16 @@ using namespace atr;
 
 namespace {
 
-void atr_setDefaultLocale() {
+bool setLocale(int category, char const* name, SelectionWatch& watch) {
+  char const* const answer = std::setlocale(category, name);
+  watch.onLocale(category, name, answer);
+  return answer != nullptr;
+}
+
+void atr_setDefaultLocale(SelectionWatch& watch) {
   char const* const names[] = {"en", "en_US", platform::englishLocale, "C"};
   for (char const* const name : names) {
-    if (std::setlocale(LC_ALL, name) != nullptr) return;
+    if (setLocale(LC_ALL, name, watch)) return;
   }
 }
 
@@ -37,22 +45,23 @@ void useOwnSeparators(atr_StringBasePrv& path) {
                   atr_StringBasePrv(platform::directorySeparator), INT_MAX);
 }
 
-void setTranslatedLocale() {
+void setTranslatedLocale(SelectionWatch& watch) {
   char const* const language = std::getenv("ZELTRA_LANG");
-  atr_setDefaultLocale();
-  std::setlocale(LC_CTYPE, language != nullptr ? language : "");
-  std::setlocale(LC_NUMERIC, "C");
+  atr_setDefaultLocale(watch);
+  setLocale(LC_CTYPE, language != nullptr ? language : "", watch);
+  setLocale(LC_NUMERIC, "C", watch);
 }
 
 // Where the dictionary is under a search directory; sets the locale on the way in translated mode.
-atr_StringBasePrv selectDictionary() {
+atr_StringBasePrv relativePath(SelectionWatch& watch) {
   bool const isSupported = std::getenv("ZELTRA_SUPPORTED_LOCALE") != nullptr;
   char const* const dictionary = std::getenv("ZELTRA_TRANSLATION_DICTIONARY");
   bool const isTranslated = isSupported && dictionary != nullptr;
   atr_StringBasePrv path("/");
   path += isTranslated ? dictionary : "Configuration/Xresources/en_US/en_US_Dict.py";
   useOwnSeparators(path);
-  if (isTranslated) setTranslatedLocale();
+  watch.onMode(isTranslated, path.c_str());
+  if (isTranslated) setTranslatedLocale(watch);
   return path;
 }
 
@@ -90,16 +99,17 @@ char const* nextEntry(char*& rest) noexcept {
   return entry;
 }
 
-bool opens(char const* path) noexcept {
+bool opens(char const* path, SelectionWatch& watch) {
   std::FILE* const file = platform::openText(path);
   if (file != nullptr) std::fclose(file);
+  watch.onCandidate(path, file != nullptr);
   return file != nullptr;
 }
 
 }  // namespace
 
-bool atr_setlocale(atr_StringBase* path) {
-  atr_StringBasePrv const relativePath = selectDictionary();
+bool atr::selectDictionary(atr_StringBase* path, SelectionWatch& watch) {
+  atr_StringBasePrv const dictionary = relativePath(watch);
   publishLocale();
   List const list = searchList();
   if (list == nullptr) return false;
@@ -107,10 +117,15 @@ bool atr_setlocale(atr_StringBase* path) {
   while (char const* const entry = nextEntry(rest)) {
     atr_StringBasePrv candidate(entry);
     useOwnSeparators(candidate);
-    candidate.RightTrim(platform::directorySeparator).Append(relativePath);
-    if (!opens(candidate.c_str())) continue;
+    candidate.RightTrim(platform::directorySeparator).Append(dictionary);
+    if (!opens(candidate.c_str(), watch)) continue;
     if (path != nullptr) candidate.AssignTo(*path);
     return true;
   }
   return false;
+}
+
+bool atr_setlocale(atr_StringBase* path) {
+  SelectionWatch nobody;
+  return selectDictionary(path, nobody);
 }

@@ -1,0 +1,43 @@
+# Dictionaries as tests of a build.
+
+# atr_check_dictionaries(FILES file... [CHARSETS name...] [KEYS pot_or_list] [STRICT])
+#
+# Adds a test `dictionaries/<file>` for each dictionary, relative to the source folder, that runs
+# `atr-dict check` over it: with each charset that its texts have to fit, and with the keys that the
+# program asks for. STRICT makes warnings fail too. The program is taken from the build, from beside
+# the package, or from PATH; without it the tests are there and are reported as not run.
+function(atr_check_dictionaries)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "STRICT" "KEYS" "FILES;CHARSETS")
+  if(NOT arg_FILES OR arg_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "atr_check_dictionaries(FILES file... [CHARSETS name...] [KEYS file] [STRICT])")
+  endif()
+  if(TARGET atr-dict)
+    set(program $<TARGET_FILE:atr-dict>)
+  else()
+    # The package stands at <prefix>/<libdir>/cmake/ZLTatr, its libdir being one folder or two.
+    find_program(ATR_DICT_PROGRAM atr-dict
+      HINTS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../../bin
+            ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../../../bin)
+    set(program ${ATR_DICT_PROGRAM})
+    if(NOT program)
+      set(program atr-dict)
+    endif()
+  endif()
+
+  set(options)
+  foreach(charset IN LISTS arg_CHARSETS)
+    list(APPEND options --charset ${charset})
+  endforeach()
+  if(arg_KEYS)
+    cmake_path(ABSOLUTE_PATH arg_KEYS BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    list(APPEND options --keys ${arg_KEYS})
+  endif()
+  if(arg_STRICT)
+    list(APPEND options --strict)
+  endif()
+  foreach(file IN LISTS arg_FILES)
+    cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} OUTPUT_VARIABLE path)
+    cmake_path(RELATIVE_PATH path BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} OUTPUT_VARIABLE name)
+    add_test(NAME dictionaries/${name} COMMAND ${program} check ${options} ${path})
+  endforeach()
+endfunction()

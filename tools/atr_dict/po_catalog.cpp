@@ -1,0 +1,95 @@
+#include "po_catalog.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include "failure.h"
+#include "files.h"
+#include "messages.h"
+#include "po_file.h"
+
+namespace dict {
+
+namespace {
+
+std::string firstError;  // of libgettextpo, which tells them by callbacks of C
+
+void takeError(int severity, std::string const& text) {
+  if (severity == PO_SEVERITY_WARNING) return;
+  if (firstError.empty()) firstError = text;
+  if (severity != PO_SEVERITY_FATAL_ERROR) return;
+  tellFailure(firstError.c_str());  // the library must not go on, and knows no exceptions
+  std::exit(kCouldNotRun);
+}
+
+void onError(int severity, po_message_t, char const*, size_t line, size_t, int,
+             char const* message) {
+  takeError(severity, say("line %u: %s", line, std::string(message)));
+}
+
+void onErrors(int severity, po_message_t message, char const* file, size_t line, size_t column,
+              int isLong, char const* text, po_message_t, char const*, size_t, size_t, int,
+              char const*) {
+  onError(severity, message, file, line, column, isLong, text);
+}
+
+constexpr po_xerror_handler kHandler = {onError, onErrors};
+
+}  // namespace
+
+PoFile readPo(std::string const& path) {
+  openToRead(path);
+  firstError.clear();
+  PoFile file(po_file_read(path.c_str(), &kHandler));
+  if (file == nullptr || !firstError.empty()) {
+    throw Failure(say("%s: %s", toLocale(path), firstError));
+  }
+  char const* const header = po_file_domain_header(file.get(), nullptr);
+  std::string const all = header != nullptr ? header : "";
+  bool const isUtf8 = all.find("charset=") == all.npos || all.find("charset=UTF-8") != all.npos ||
+                      all.find("charset=utf-8") != all.npos ||
+                      all.find("charset=CHARSET") != all.npos;
+  if (!isUtf8) {
+    throw Failure(say("%s: %s", toLocale(path), say("not in UTF-8; msgconv -t UTF-8 makes it so")));
+  }
+  return file;
+}
+
+void writePo(po_file_t file, std::string const& path) {
+  std::string const beside = path == "-" ? path : path + ".atr-dict-po";
+  firstError.clear();
+  bool const isWritten = po_file_write(file, beside.c_str(), &kHandler) != nullptr;
+  if (isWritten && firstError.empty() && path != "-") {
+    std::string const bytes = readFile(beside);
+    std::filesystem::remove(beside);
+    return writeFile(path, bytes);
+  }
+  if (!isWritten || !firstError.empty()) {
+    throw Failure(say("%s: %s", toLocale(path), firstError));
+  }
+}
+
+bool isPoHeader(po_message_t message) {
+  return po_message_msgctxt(message) == nullptr && *po_message_msgid(message) == '\0';
+}
+
+std::string keyOf(po_message_t message) {
+  char const* const context = po_message_msgctxt(message);
+  std::string const key = po_message_msgid(message);
+  return context != nullptr ? key + "\\@" + context : key;
+}
+
+std::vector<AskedKey> readPoKeys(std::string const& path) {
+  PoFile const file = readPo(path);
+  PoMessages messages(file.get());
+  std::vector<AskedKey> keys;
+  while (po_message_t const message = messages.next()) {
+    if (isPoHeader(message) || po_message_is_obsolete(message) != 0) continue;
+    char const* const others = po_message_msgid_plural(message);
+    keys.push_back({keyOf(message), others != nullptr ? others : ""});
+  }
+  return keys;
+}
+
+}  // namespace dict
