@@ -37,11 +37,11 @@ struct StandardText<std::basic_string<char, Traits, Allocator>> {
 };
 
 template <class T>
-constexpr bool kIsPublicString = std::is_base_of_v<atr_String, T>;
+inline constexpr bool kIsPublicString = std::is_base_of_v<atr_String, T>;
 template <class T>
-constexpr bool kIsComparable = kIsPublicString<T> ||
-                               (std::is_convertible_v<T const&, std::string_view> &&
-                                !std::is_same_v<T, std::nullptr_t>);
+inline constexpr bool kIsComparable = kIsPublicString<T> ||
+                                      (std::is_convertible_v<T const&, std::string_view> &&
+                                       !std::is_same_v<T, std::nullptr_t>);
 // One side has to be a string of ours, or the operators would take part in every comparison.
 template <class Left, class Right>
 using IfComparable =

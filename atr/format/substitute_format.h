@@ -15,20 +15,20 @@ namespace detail {
 inline namespace ATR_HEADER_VERSION {
 
 template <class T>
-constexpr bool kIsForeignCharacter = false;
+inline constexpr bool kIsForeignCharacter = false;
 template <>
-constexpr bool kIsForeignCharacter<signed char> = true;
+inline constexpr bool kIsForeignCharacter<signed char> = true;
 template <>
-constexpr bool kIsForeignCharacter<unsigned char> = true;
+inline constexpr bool kIsForeignCharacter<unsigned char> = true;
 template <>
-constexpr bool kIsForeignCharacter<wchar_t> = true;
+inline constexpr bool kIsForeignCharacter<wchar_t> = true;
 template <>
-constexpr bool kIsForeignCharacter<char16_t> = true;
+inline constexpr bool kIsForeignCharacter<char16_t> = true;
 template <>
-constexpr bool kIsForeignCharacter<char32_t> = true;
+inline constexpr bool kIsForeignCharacter<char32_t> = true;
 #ifdef __cpp_char8_t
 template <>
-constexpr bool kIsForeignCharacter<char8_t> = true;
+inline constexpr bool kIsForeignCharacter<char8_t> = true;
 #endif
 
 struct NoText {};
@@ -42,16 +42,17 @@ template <class T>
 NoText bytesOf(long);
 
 template <class T>
-constexpr bool kIsTextPointer = false;
+inline constexpr bool kIsTextPointer = false;
 template <>
-constexpr bool kIsTextPointer<char const*> = true;
+inline constexpr bool kIsTextPointer<char const*> = true;
 
 /// True for a class other than our strings with a c_str() that is a text of char.
 template <class T>
-constexpr bool kHasText = !kIsString<T> && kIsTextPointer<decltype(textOf<T>(0))>;
+inline constexpr bool kHasText = !kIsString<T> && kIsTextPointer<decltype(textOf<T>(0))>;
 /// True for a class with the bytes of a text, which no NUL has to end.
 template <class T>
-constexpr bool kIsView = !kIsString<T> && !kHasText<T> && kIsTextPointer<decltype(bytesOf<T>(0))>;
+inline constexpr bool kIsView =
+    !kIsString<T> && !kHasText<T> && kIsTextPointer<decltype(bytesOf<T>(0))>;
 
 }  // namespace ATR_HEADER_VERSION
 }  // namespace detail

@@ -173,9 +173,10 @@ struct Suits {
 };
 #undef ATR_NEEDS
 
-#define ATR_EMPTY(c)                                                                    \
-  static_assert(letter != (c)[0], "'%" c "' has no value: there are fewer values than " \
-                                         "conversions")
+#define ATR_EMPTY(c)                                                             \
+  static_assert(letter != (c)[0], "'%" c                                         \
+                                  "' has no value: there are fewer values than " \
+                                  "conversions")
 #define ATR_EMPTY_OF(c1, c2, c3, c4) \
   ATR_EMPTY(c1);                     \
   ATR_EMPTY(c2);                     \
@@ -194,7 +195,7 @@ struct Empty {
 // --- what a value is --------------------------------------------------------------------------
 
 template <class T>
-constexpr bool kIsWideCharacter =
+inline constexpr bool kIsWideCharacter =
     std::is_same_v<T, wchar_t> || std::is_same_v<T, char16_t> || std::is_same_v<T, char32_t>
 #ifdef __cpp_char8_t
     || std::is_same_v<T, char8_t>
@@ -202,8 +203,8 @@ constexpr bool kIsWideCharacter =
     ;
 
 template <class T>
-constexpr bool kIsText = std::is_convertible_v<T, char const*> || kIsString<T> || kHasText<T> ||
-                         kIsView<T> || std::is_same_v<T, std::nullptr_t>;
+inline constexpr bool kIsText = std::is_convertible_v<T, char const*> || kIsString<T> ||
+                                kHasText<T> || kIsView<T> || std::is_same_v<T, std::nullptr_t>;
 
 /// The kind of a value of type T, which is decayed. Refuses what has none.
 template <class T>

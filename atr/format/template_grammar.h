@@ -11,10 +11,10 @@ namespace atr {
 namespace detail {
 inline namespace ATR_HEADER_VERSION {
 
-constexpr int kMaxInt = 0x7fffffff;
+inline constexpr int kMaxInt = 0x7fffffff;
 
 /// The letters that end a conversion, in the order in which messages to people name them.
-constexpr char kConversionLetters[] = "E X c d e f g o s u x";
+inline constexpr char kConversionLetters[] = "E X c d e f g o s u x";
 
 constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 

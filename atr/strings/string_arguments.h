@@ -30,7 +30,7 @@ char isStringPointer(atr_StringBase const*);
 long isStringPointer(...);
 /// True for the string classes, and those that are derived from one.
 template <class T>
-constexpr bool kIsString = sizeof(isStringPointer(static_cast<T*>(nullptr))) == 1;
+inline constexpr bool kIsString = sizeof(isStringPointer(static_cast<T*>(nullptr))) == 1;
 
 /// A string or a view of the standard library, with data() and size(): atr/std.h says which.
 template <class T>

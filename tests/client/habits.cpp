@@ -19,6 +19,8 @@
 #include <format>
 #endif
 
+atr_String secondPart();
+
 namespace {
 
 int failures = 0;
@@ -161,6 +163,7 @@ void say() {
   expect("plural without a rule", atr::plural("%d file in %s", "%d files in %s", 0, standard),
          "0 files in standard");
   expect("by the magnitude", atr::plural(ATR_T("%d file"), ATR_T("%d files"), -1LL), "-1 file");
+  expect("two parts of one program", secondPart(), "2 parts");
   expect("a checked text for others", atr_raw(ATR_T("Done\\@state")), "Done");
 }
 
