@@ -196,3 +196,13 @@ TEST(Tools, WhatIsNoDictionaryIsRefused) {
   EXPECT_THROW(dict::readDictionary(tempFolder()), dict::Failure);
   EXPECT_THROW(dict::readDictionary(tempFolder() + "/none"), dict::Failure);
 }
+
+// Each rule has its paragraph, under its name.
+TEST(Tools, RulesAreDocumented) {
+  std::ifstream file(ATR_DICT_DOCUMENT);
+  S const text{std::istreambuf_iterator<char>(file), {}};
+  for (dict::RuleInfo const& rule : dict::allRules()) {
+    EXPECT_NE(text.find("\n### "s + rule.name + "\n"), S::npos) << rule.name;
+    EXPECT_EQ(&dict::infoOf(rule.rule), dict::findRule(rule.name)) << rule.name;
+  }
+}
