@@ -1,4 +1,4 @@
-// What only POSIX systems can show of a file that is looked for: who else notices.
+// What Linux can show of a file that is looked for: who else notices.
 #include <fcntl.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -37,10 +37,16 @@ static int leased = -1;
 // answer.
 TEST(Files, LeaseIsWaitedFor) {
   TempFile const file("leased", "text");
-  auto* const before = std::signal(SIGIO, [](int) { fcntl(leased, F_SETLEASE, F_UNLCK); });
+  struct sigaction action = {}, before = {};
+  action.sa_handler = [](int) { fcntl(leased, F_SETLEASE, F_UNLCK); };
+  sigaction(SIGIO, &action, &before);  // without SA_RESTART: the wait itself is interrupted
   leased = open(file.path.c_str(), O_WRONLY);
-  ASSERT_EQ(fcntl(leased, F_SETLEASE, F_WRLCK), 0) << std::strerror(errno);
-  EXPECT_TRUE(opens(file.path));
-  std::signal(SIGIO, before);
+  ASSERT_GE(leased, 0) << std::strerror(errno);
+  bool const isLeased = fcntl(leased, F_SETLEASE, F_WRLCK) == 0;
+  if (isLeased) {
+    EXPECT_TRUE(opens(file.path));
+  }
+  sigaction(SIGIO, &before, nullptr);
   close(leased);
+  if (!isLeased) GTEST_SKIP() << "no leases on the file system of " << file.path;
 }

@@ -162,6 +162,7 @@ TEST(Strings, MissingMemoryForLongTexts) {
   EXPECT_THROW(s.isolate(kAll), std::bad_alloc);
   EXPECT_THROW(s.append("x", kAll, 0, kAll), std::bad_alloc);
   EXPECT_THROW(s.Substitute("a", "aa", kAll), std::bad_alloc);
+  EXPECT_THROW(s.Substitute("a", Text("aa\0", 3), kAll), std::bad_alloc) << "at once";
   EXPECT_THROW(Text(s.body, kAll, Text::AdoptBlock), std::bad_alloc);
   EXPECT_EQ(make(4, "a").length() +
                 Text(static_cast<char*>(::operator new(1)), kAll - 1, Text::AdoptBlock).length(),

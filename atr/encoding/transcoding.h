@@ -21,8 +21,9 @@ ATR_API bool atr_encoding_validate(int encoding, unsigned char const* text);
 
 /// Converts NUL-terminated UTF-8 to `encoding`. With a null `out` it only measures: call it so,
 /// take the result plus one bytes, and call it again.
-/// @pre `text` is not null; `out` has that room. It does not overlap `text`, unless it is `text`
-///   and, at no character, more has been written than read: UTF-8 to single bytes, for one.
+/// @pre `text` is not null; `out` has that room. `out` may be `text` itself if the output is never
+/// ahead
+///   of the input, as when UTF-8 becomes single bytes. Any other overlap is not allowed.
 /// @param substitute the byte that stands for a character the encoding has no form for; 0 fails.
 /// @return bytes of output without its terminator; -1 if the text is not UTF-8 or the output
 ///   would have INT_MAX bytes or more, -2 if a character has no form and there is no substitute,
@@ -31,7 +32,8 @@ ATR_API bool atr_encoding_validate(int encoding, unsigned char const* text);
 ATR_API int atr_utf8_to_encoding(int encoding, unsigned char* out, unsigned char const* text,
                                  char substitute);
 
-/// Converts a NUL-terminated text of `encoding` to UTF-8, in the same manner.
+/// Converts a NUL-terminated text of `encoding` to UTF-8, in the same manner. In place, only texts
+/// that do not grow: ASCII, or UTF-8 itself.
 /// @return bytes of output without its terminator; -1 if a character cannot be decoded.
 ATR_API int atr_utf8_from_encoding(unsigned char* out, int encoding, unsigned char const* text);
 

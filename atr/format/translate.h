@@ -56,7 +56,7 @@ class atr_translate {
   /// `format` other than a plain `%s`, its width, precision and leading `-` are applied, in bytes;
   /// a negative precision counts as none. A null text counts as empty, a null or empty format as
   /// none. A field that is longer than a string can be throws std::bad_alloc, and the text that the
-  /// conversion had stays.
+  /// conversion had stays. A field just below that passes, and then Result may throw.
   ATR_API void AddSubstitution(int position, char const* text, char const* format);
 
   /// Takes the 0 out of a three-digit exponent, such as e+005, that ends `text`.

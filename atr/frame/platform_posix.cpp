@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -26,13 +27,17 @@ char const* const englishLocale = "en_US.UTF-8";
 
 void publishVariable(char* nameAndValue) noexcept { putenv(nameAndValue); }
 
-// Looks before it opens, since opening a FIFO lets its writer go; and again behind it, since the
+// Looks before it opens, since opening a FIFO lets its writer go; and again afterwards, since the
 // file may have been replaced in between. O_NONBLOCK would refuse a file under a lease, which is
 // waited for here.
 std::FILE* openText(char const* path) noexcept {
   struct stat status;
   if (stat(path, &status) != 0 || !S_ISREG(status.st_mode)) return nullptr;
-  int const file = open(path, O_RDONLY | O_NOCTTY | O_CLOEXEC);
+  int file = -1;
+  do {
+    file = open(path, O_RDONLY | O_NOCTTY | O_CLOEXEC);
+  } while (file < 0 &&
+           errno == EINTR);  // the holder of a lease is asked by a signal, perhaps our own
   if (file < 0) return nullptr;
   std::FILE* const stream =
       fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? fdopen(file, "r") : nullptr;

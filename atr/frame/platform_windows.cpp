@@ -24,7 +24,7 @@ static bool isRegular(struct _stat64 const& status) noexcept {
   return (status.st_mode & _S_IFMT) == _S_IFREG;
 }
 
-// Looks before it opens, so that nothing else is touched, and again behind it, since the file may
+// Looks before it opens, so that nothing else is touched, and again afterwards, since the file may
 // have been replaced in between. Text mode by name: a client may have made binary mode the default
 // of the process.
 std::FILE* openText(char const* path) noexcept {

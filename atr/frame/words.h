@@ -68,12 +68,12 @@ inline void copyBytes(char* out, char const* from, std::size_t bytes) noexcept {
   }
 }
 
-/// As copyBytes, to a place that may be in front of `from` in one text.
+/// As copyBytes; the two may overlap if `out` is not behind `from`.
 inline void moveBytesDown(char* out, char const* from, std::size_t bytes) noexcept {
   if (bytes > 16) {
     std::memmove(out, from, bytes);
   } else {
-    copyBytes(out, from, bytes);  // loads each piece before it stores into its place
+    copyBytes(out, from, bytes);  // loads both ends before it stores; its single bytes go upwards
   }
 }
 

@@ -8,7 +8,7 @@
 namespace atr {
 
 /// Takes the 0 out of an exponent such as e+005 that ends `text`; the first `e` counts, an `E` does
-/// not. Three digits are asked for, since two digits and a blank are an exponent that is
+/// not. Three digits are required, since two digits and a blank are an exponent that is
 /// left-justified in its field.
 /// @return the bytes removed, 0 or 1.
 inline int shortenExponent(char* text) noexcept {

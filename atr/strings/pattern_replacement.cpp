@@ -57,10 +57,10 @@ atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_Strin
   int at = Find(textOf(pattern), 0);
   if (at == lengthOf(*this)) return *this;
   Replacement const r = {textOf(pattern), textOf(replacement)};
-  // A NUL within one of them ends what is looked for, but not what is replaced: passes alone do
-  // both.
-  bool const hasNul = std::ssize(r.from) != fromLength || std::ssize(r.to) != toLength;
-  if (!hasNul && r.to.find(r.from) != r.to.npos) {
+  // What is looked for ends at its first NUL, what is replaced does not. Only passes handle that.
+  bool const isPatternWhole = std::ssize(r.from) == fromLength;
+  bool const hasNul = !isPatternWhole || std::ssize(r.to) != toLength;
+  if (isPatternWhole && r.to.find(r.from) != r.to.npos) {
     checkedLength(lengthOf(*this) + std::int64_t{count} * (toLength - fromLength));
     if (toLength == fromLength) count = 1;
   }

@@ -117,7 +117,7 @@ namespace {
 
 constexpr std::size_t kNumberRoom = 80;  // for a point of many bytes
 
-// What the fast way gives is defined for numbers that are rounded to the nearest.
+// The fast way handles only finite numbers in round-to-nearest. The runtime prints the rest.
 bool isPrintedByRuntime(double value) noexcept {
   return !std::isfinite(value) || std::fegetround() != FE_TONEAREST;
 }

@@ -85,8 +85,7 @@ char& atr_StringBase::operator[](int i) {
 
 void atr_StringBase::SetStringLength(int n) {
   if (rep == nullptr) return;
-  int const most =
-      rep->size > 0 ? rep->size - 1 : INT_MAX;  // what was lent is the lender's to know
+  int const most = rep->size > 0 ? rep->size - 1 : INT_MAX;  // only the lender knows the size
   rep->length = std::clamp(n, 0, most);
 }
 

@@ -24,7 +24,7 @@ char* LineReader::findNewline() const noexcept {
 
 namespace {
 
-// Of the bytes read those in front of the mark that ends a text in text mode.
+// Counts the bytes read in front of the one that ends a text in text mode.
 std::size_t bytesOfText(char const* read, std::size_t bytes) noexcept {
   constexpr char kEndOfText = 0x1A;
   auto const* const mark = platform::hasTextMode
