@@ -108,27 +108,33 @@ bool operator==(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left) == atr::detail::viewOf(right);
 }
 #ifdef __cpp_lib_three_way_comparison
+/// Likewise.
 template <class Left, class Right, atr::detail::IfComparable<Left, Right> = 0>
 std::strong_ordering operator<=>(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left).compare(atr::detail::viewOf(right)) <=> 0;
 }
 #else
+/// Likewise.
 template <class Left, class Right, atr::detail::IfComparable<Left, Right> = 0>
 bool operator!=(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left) != atr::detail::viewOf(right);
 }
+/// Likewise.
 template <class Left, class Right, atr::detail::IfComparable<Left, Right> = 0>
 bool operator<(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left) < atr::detail::viewOf(right);
 }
+/// Likewise.
 template <class Left, class Right, atr::detail::IfComparable<Left, Right> = 0>
 bool operator>(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left) > atr::detail::viewOf(right);
 }
+/// Likewise.
 template <class Left, class Right, atr::detail::IfComparable<Left, Right> = 0>
 bool operator<=(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left) <= atr::detail::viewOf(right);
 }
+/// Likewise.
 template <class Left, class Right, atr::detail::IfComparable<Left, Right> = 0>
 bool operator>=(Left const& left, Right const& right) noexcept {
   return atr::detail::viewOf(left) >= atr::detail::viewOf(right);
@@ -150,9 +156,11 @@ inline std::string_view format_as(atr_String const& text) noexcept {
 }  // namespace ATR_HEADER_VERSION
 }  // namespace atr_operators
 
+/// @cond Doxygen does not find the scope of a specialization.
 /// The hash of the bytes, equal to that of a std::string_view of them.
 template <>
 struct std::hash<atr_String> {
+  /// Takes all bytes. O(length).
   std::size_t operator()(atr_String const& text) const noexcept {
     return std::hash<std::string_view>()(atr::detail::viewOf(text));
   }
@@ -172,5 +180,6 @@ struct std::formatter<atr_String, char> : std::formatter<std::string_view, char>
   }
 };
 #endif
+/// @endcond
 
 #endif  // ATR_STD_H

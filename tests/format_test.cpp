@@ -1,6 +1,7 @@
 // Messages: what the twins of templates, fields and numbers do not reach.
 #include <cinttypes>
 
+#include "atr/plural.h"
 #include "support/support.h"
 
 using namespace test;
@@ -69,6 +70,69 @@ TEST(Format, TranslationDecides) {
   auto const after = allocations();
   EXPECT_EQ(picture(after.taken - before.taken, after.lastBytes), picture(1, 2 + big.size() + 1))
       << "the compiled text alone";
+}
+
+struct PluralRow {
+  char const* what;
+  char const* rule;
+  unsigned long long n;
+  int index;
+  atr::detail::PluralFault fault;
+};
+
+TEST(Format, PluralRules) {
+  using atr::detail::PluralFault;
+  S const deep = S(51, '(') + "n" + S(51, ')');
+  S const tooLong(atr::detail::PluralRule::kMaxBytes + 1, ' ');
+  PluralRow const rows[] = {
+      {"a PO header pasted whole", "nplurals=3; plural=n>1 ? 2 : n;", 5, 2, PluralFault::kNone},
+      {"with its name and a newline", "Plural-Forms: nplurals=2; plural=(n != 1);\n", 1, 0,
+       PluralFault::kNone},
+      {"conditions belong to the right", "n==1?0:n==2?1:2", 3, 2, PluralFault::kNone},
+      {"differences to the left", "9-4-2", 0, 3, PluralFault::kNone},
+      {"products before sums before comparisons", "2+3*4==14&&1", 0, 1, PluralFault::kNone},
+      {"a negation is 0 or 1", "!!n+!n", 7, 1, PluralFault::kNone},
+      {"the largest number", "n%10", 18446744073709551615U, 5, PluralFault::kNone},
+      {"what does not count may divide by zero", "n==0 ? 0 : 8/n && 1", 0, 0, PluralFault::kNone},
+      {"what is decided too", "1 || 1/0", 0, 1, PluralFault::kNone},
+      {"empty", "", 1, -1, PluralFault::kSyntax},
+      {"one equals sign", "n=1", 1, -1, PluralFault::kSyntax},
+      {"something behind", "n!=1 x", 1, -1, PluralFault::kSyntax},
+      {"an open parenthesis", "(n", 1, -1, PluralFault::kSyntax},
+      {"half a condition", "n ? 1", 0, -1, PluralFault::kSyntax},
+      {"a number of more than 64 bits", "18446744073709551616", 0, -1, PluralFault::kSyntax},
+      {"too deep", deep.c_str(), 1, -1, PluralFault::kTooDeep},
+      {"too long", tooLong.c_str(), 1, -1, PluralFault::kTooLong},
+      {"a division by zero", "1/n", 0, -1, PluralFault::kDivisionByZero},
+      {"a remainder by zero", "n%(n-3)", 3, -1, PluralFault::kDivisionByZero},
+      {"a negative index", "n-2", 1, -1, PluralFault::kBadIndex},
+      {"more than the forms told", "nplurals=2; plural=n", 2, -1, PluralFault::kBadIndex},
+  };
+  for (auto const& [what, rule, n, index, fault] : rows) {
+    atr::detail::PluralForm const form =
+        atr::detail::PluralRule(rule, rule + std::strlen(rule)).formFor(n);
+    EXPECT_EQ(form.index, index) << what << ": " << rule;
+    EXPECT_EQ(form.fault, fault) << what << ": " << rule;
+  }
+}
+
+TEST(Format, PluralForms) {
+  char rule[] = "n==1 ? 0 : 8/(n-2) < 9", ruleKey[] = "\\@plural";
+  char one[] = "%d file", oneKey[] = "%d file\\@plural0", oneText[] = "eine Datei (%d)";
+  char other[] = "%d files", otherKey[] = "%d files\\@plural1", otherText[] = "%d Dateien";
+  TranslationEntry entries[] = {{otherKey, otherText}, {oneKey, oneText}, {ruleKey, rule}};
+  std::sort(std::begin(entries), std::end(entries),
+            [](auto const& a, auto const& b) { return std::strcmp(a.key, b.key) < 0; });
+  atr_trTable = {entries, 3};
+  auto const text = [&](int n) { return S(atr::plural(one, other, n).c_str()); };
+  EXPECT_EQ(text(1), "eine Datei (1)");
+  EXPECT_EQ(text(-1), "eine Datei (-1)") << "by the magnitude";
+  EXPECT_EQ(text(7), "7 Dateien");
+  EXPECT_EQ(text(2), "2 Dateien") << "a rule that divides by zero counts as none";
+  atr_trTable = {entries, 1};
+  EXPECT_EQ(text(7), "7 files") << "what the table does not have is the source's";
+  atr_trTable = {nullptr, 0};
+  EXPECT_EQ(text(1), "1 file");
 }
 
 TEST(Format, Conversions) {

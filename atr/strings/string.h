@@ -78,8 +78,9 @@ class atr_String : public atr_StringBase {
   bool IsEmpty() const noexcept { return length() == 0; }
   /// The text, never null; borrowed until the string next changes.
   char const* c_str() const noexcept { return textOf(*this); }
-  /// The bytes as a range, likewise. `end` is the NUL behind them.
+  /// The first byte of the text as a range, likewise.
   char const* begin() const noexcept { return c_str(); }
+  /// The NUL behind the last one.
   char const* end() const noexcept { return c_str() + length(); }
   /// A copy as a std::string, or a std::string_view that is borrowed like c_str; with atr/std.h.
   template <class Text, atr::detail::EnableIf<atr::detail::StandardText<Text>::kKnown> = 0>
