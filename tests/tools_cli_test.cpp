@@ -160,7 +160,7 @@ TEST(ToolsRun, ExplainNamesTheCause) {
       {"an empty table", start("empty.py"), "Open",
        "the dictionary has no entry that can be read; run atr-dict check ./empty.py"},
       {"a locale that is not there", start("d.py", "xx_XX"), "Open",
-       "the locale \"xx_XX\" is not installed, so \"C\" stays"},
+       "the locale \"xx_XX\" is not installed, so \"en_US.UTF-8\" stays"},
       {"an ASCII locale", start("d.py", "C"), "Open",
        "the locale has ASCII alone, so every other character becomes ?"},
       {"no such key", start("d.py"), "Nothing", "the dictionary has no entry for \"Nothing\""},
@@ -184,8 +184,7 @@ TEST(ToolsRun, ExplainNamesTheCause) {
             "locale: C.UTF-8, UTF-8, up to 6 bytes a character\n"
             "  setlocale(LC_ALL, \"en\"): not installed\n"
             "  setlocale(LC_ALL, \"en_US\"): not installed\n"
-            "  setlocale(LC_ALL, \"en_US.UTF-8\"): not installed\n"
-            "  setlocale(LC_ALL, \"C\"): \"C\"\n"
+            "  setlocale(LC_ALL, \"en_US.UTF-8\"): \"en_US.UTF-8\"\n"
             "  setlocale(LC_CTYPE, \"C.UTF-8\"): \"C.UTF-8\"\n"
             "  setlocale(LC_NUMERIC, \"C\"): \"C\"\n"
             "dictionary: ./d.py\n"
