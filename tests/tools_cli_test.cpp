@@ -13,8 +13,9 @@ S const kEntry = "msg['Open'] = r'Öffnen'\n";
 // is what it printed and, in a last line, its exit status.
 S run(S const& arguments, S const& variables = "LC_ALL=C.UTF-8") {
   S const command = "cd " + tempFolder() +
-                    " && { env -i LOCPATH='" ATR_TEST_LOCPATH "' PATH=/usr/bin:/bin " + variables +
-                    " '" ATR_DICT "' " + arguments + " ; } 2>&1";
+                    " && { env -i ASAN_OPTIONS=detect_leaks=0 LOCPATH='" ATR_TEST_LOCPATH
+                    "' PATH=/usr/bin:/bin " +
+                    variables + " '" ATR_DICT "' " + arguments + " ; } 2>&1";
   std::FILE* const pipe = popen(command.c_str(), "r");
   S output;
   for (int c = 0; (c = std::fgetc(pipe)) != EOF;) output += static_cast<char>(c);

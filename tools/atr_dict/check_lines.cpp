@@ -40,9 +40,9 @@ void checkClosing(Findings& findings, Line const& line, Entry const& entry) {
                  say("the last line has no newline, so its text shows as \"%s\"", shown),
                  say("end the file with a newline"));
   } else {
-    char const* const behind = entry.rawValue.data() + entry.rawValue.rfind('\'') + 1;
-    bool const hasQuote = entry.rawValue.find('\'') != std::string_view::npos;
-    findings.add(Rule::cutValue, hasQuote ? behind : end,
+    std::size_t const quote = entry.rawValue.rfind('\'');
+    bool const hasQuote = quote != std::string_view::npos;
+    findings.add(Rule::cutValue, hasQuote ? entry.rawValue.data() + quote + 1 : end,
                  say("the quote does not end the line, so the text shows as \"%s\"", shown),
                  say("end the line directly behind the closing quote"));
   }
