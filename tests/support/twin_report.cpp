@@ -1,5 +1,6 @@
 #include "support/twin_report.h"
 
+#include <bit>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -57,9 +58,9 @@ std::optional<Difference> difference(Twin const& twin, std::string_view bytes) t
 }
 
 // Takes pieces out of the input, halves first and single bytes last, for as long as a difference
-// remains.
+// remains. Powers of two keep the steps of a twin whole.
 S shortened(Twin const& twin, S input) {
-  for (std::size_t piece = (input.size() + 1) / 2; piece > 0;) {
+  for (std::size_t piece = std::bit_ceil(input.size()) / 2; piece > 0;) {
     bool isShorter = false;
     for (std::size_t at = 0; at < input.size();) {
       S rest = input;
