@@ -40,20 +40,12 @@ struct Operation {
   // Replaces `n` times at most. One that is left without memory has replaced some times.
   void (*replaceUpTo)(atr_String& s, int n) = nullptr;
 };
-#define WRITES(run)                         \
-  {                                         \
-#run, true, [](atr_String & s) { run; } \
-  }
-#define MAY_WRITE(run)                       \
-  {                                          \
-#run, false, [](atr_String & s) { run; } \
-  }
-#define SUBSTITUTES(from, to, most)                                             \
-  {                                                                             \
-    "Substitute " #from " " #to " " #most, false,                               \
-        [](atr_String& s) { s.Substitute(from, to, most); },                    \
-        [](atr_String& s, int n) { s.Substitute(from, to, std::min(n, most)); } \
-  }
+#define RUN(what) [](atr_String& s) { what; }
+#define WRITES(what) Operation({#what, true, RUN(what)})
+#define MAY_WRITE(what) Operation({#what, false, RUN(what)})
+#define SUBSTITUTES(from, to, most)                                                           \
+  Operation({"Substitute " #from " " #to " " #most, false, RUN(s.Substitute(from, to, most)), \
+             [](atr_String& s, int n) { s.Substitute(from, to, std::min(n, most)); }})
 Operation const kOperations[] = {
     WRITES(s.append("0123", 4, 1, 2)),
     WRITES(s.append("", 0, 0, kAll)),
