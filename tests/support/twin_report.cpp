@@ -8,7 +8,8 @@ using namespace test;
 
 S test::escaped(std::string_view bytes) {
   S literal;
-  for (unsigned char const byte : bytes) {
+  for (char const each : bytes) {
+    auto const byte = static_cast<unsigned char>(each);
     char const octal[] = {'\\', static_cast<char>('0' + byte / 64),
                           static_cast<char>('0' + byte / 8 % 8), static_cast<char>('0' + byte % 8)};
     bool const isPlain = byte >= ' ' && byte < 0x7F && byte != '\'' && byte != '"' && byte != '\\';

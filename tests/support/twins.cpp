@@ -33,7 +33,8 @@ namespace {
 
 S written(auto const&... values) {
   std::ostringstream out;
-  (out << std::boolalpha << ... << values);
+  out << std::boolalpha;
+  (out << ... << values);
   return out.str();
 }
 
@@ -212,7 +213,7 @@ std::optional<std::vector<unsigned>> codesOf(S const& text) {
     unsigned code = bytes == 1 ? lead : lead & (0x7FU >> bytes);
     for (int k = 1; k < bytes; ++k, ++at) {
       if (at == text.size() || (text[at] & 0xC0) != 0x80) return std::nullopt;
-      code = code << 6 | (text[at] & 0x3FU);
+      code = code << 6 | (octets(text)[at] & 0x3FU);
     }
     codes.push_back(code);
   }
