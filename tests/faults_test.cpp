@@ -18,7 +18,8 @@ static void runEachWithoutMemory() {
     step(starts);
     ASSERT_EQ(textOf(s + atr_raw("b")), before + "b");
   }
-  atr_initialize(starts), atr_finalize(starts);  // with nothing to report
+  atr_initialize(starts);  // with nothing to report
+  atr_finalize(starts);
   for (std::size_t row = 0, rows = 1; row < rows; ++row) {
     char const* what = nullptr;
     int const blocks = failEach([&](int k) {
@@ -26,24 +27,39 @@ static void runEachWithoutMemory() {
       atr_Allocator pool(16, 3, 4096);
       atr_Fmt format("%-5d");
       atr_String copy(s);
-      auto const fill = [&](int position, auto value) {
-        atr_SubstituteFormat(message, position, value);
+      auto const fill = [&](auto... values) {
+        int n = 0;
+        (atr_SubstituteFormat(message, n++ % 3 + 1, values), ...);
       };
-      // clang-format off
       std::pair<char const*, std::function<void()>> const all[] = {
-          {"Substr", [&] { s.Substr(1, 100); }}, {"extract", [&] { s.extract(1, ' '), s.extract(1, ' ', 'w'); }},
-          {"+", [&] { s + s; }}, {"BreakLineString", [&] { atr_String::BreakLineString(s, 10); }},
+          {"Substr", [&] { s.Substr(1, 100); }},
+          {"extract", [&] { s.extract(1, ' '); }},
+          {"extract with an escape", [&] { s.extract(1, ' ', 'w'); }},
+          {"+", [&] { s + s; }},
+          {"BreakLineString", [&] { atr_String::BreakLineString(s, 10); }},
           {"AddLineBreaks", [&] { atr_String::AddLineBreaks(s, 10, false); }},
-          {"values in place", [&] { copy.ReplaceNonTranslated(0, 7).ReplaceNonTranslated(2, "x").ReplaceNonTranslated("words", "more words"); }},
-          {"numbers", [] { atr_String(1), atr_String(2U), atr_String(0.5F), atr_String(0.5); }},
-          {"atr_raw", [] { atr_raw("key"), atr_raw("\xC3\xA9 encoded"), atr_raw("a\xC0\x80"); }},
-          {"a message", [] { atr_translate("%1$d %% %s\xC3\xA9"); }}, {"Result", [&] { message.Result(); }},
-          {"values", [&] { fill(1, 1), fill(2, 2U), fill(3, 3LL), fill(1, 4ULL), fill(2, 5.0), fill(3, 6.0F), fill(1, &s), fill(2, 9L); }},
-          {"texts", [&] { fill(1, "seven"), fill(2, s), message.AddSubstitution(1, "x", "%300s"); }},
-          {"Fmt", [&] { format.Format(atr_Fmt::DataInt64, 'x'), format.FormatNoWidth(atr_Fmt::DataInt, 0); }},
-          {"a pool", [&] { pool.Allocate(1); }}, {"a table", [] { atr_trBuildDB(); }},
-          {"a start", [&] { atr_initialize(starts); }}};
-      // clang-format on
+          {"values in place",
+           [&] {
+             copy.ReplaceNonTranslated(0, 7).ReplaceNonTranslated(2, "x").ReplaceNonTranslated(
+                 "words", "more words");
+           }},
+          {"an int", [] { atr_String(1); }},
+          {"an unsigned", [] { atr_String(2U); }},
+          {"a float", [] { atr_String(0.5F); }},
+          {"a double", [] { atr_String(0.5); }},
+          {"atr_raw", [] { atr_raw("key"); }},
+          {"atr_raw, encoded", [] { atr_raw("\xC3\xA9 encoded"); }},
+          {"atr_raw, with a NUL", [] { atr_raw("a\xC0\x80"); }},
+          {"a message", [] { atr_translate("%1$d %% %s\xC3\xA9"); }},
+          {"Result", [&] { message.Result(); }},
+          {"values", [&] { fill(1, 2U, 3LL, 4ULL, 5.0, 6.0F, &s, 9L, "seven", s); }},
+          {"a wide field", [&] { message.AddSubstitution(1, "x", "%300s"); }},
+          {"Format", [&] { format.Format(atr_Fmt::DataInt64, 'x'); }},
+          {"FormatNoWidth", [&] { format.FormatNoWidth(atr_Fmt::DataInt, 0); }},
+          {"a pool", [&] { pool.Allocate(1); }},
+          {"a table", [] { atr_trBuildDB(); }},
+          {"a start", [&] { atr_initialize(starts); }},
+      };
       rows = std::size(all), what = all[row].first;
       bool const hasFailed = fails(k, all[row].second);
       ASSERT_TRUE(hasFailed || what != "a table"s || atr_trTable.count == 2);
@@ -104,19 +120,29 @@ TEST(Faults, WorkGrowsWithTheInput) {
     while (text.size() < z(n)) text += s;
     return text;
   };
-  // clang-format off
   std::pair<char const*, std::function<void(int)>> const rows[] = {
-      {"equal digits", [&](int n) { strnatcmp((many(n, "7") + "a").c_str(), (many(n, "7") + "b").c_str()); }},
-      {"a separator by itself", [&](int n) { atr_String(many(n, "/").c_str()).Substitute("/", "/", INT_MAX); }},
-      {"a separator by more", [&](int n) { atr_String(many(n, "/").c_str()).Substitute("/", "--", INT_MAX); }},
+      {"equal digits",
+       [&](int n) { strnatcmp((many(n, "7") + "a").c_str(), (many(n, "7") + "b").c_str()); }},
+      {"a separator by itself",
+       [&](int n) { atr_String(many(n, "/").c_str()).Substitute("/", "/", INT_MAX); }},
+      {"a separator by more",
+       [&](int n) { atr_String(many(n, "/").c_str()).Substitute("/", "--", INT_MAX); }},
       {"unnumbered conversions", [&](int n) { atr_translate(many(n / 8, "%d").c_str()); }},
       {"long numbers", [&](int n) { atr_translate(("%" + many(n, "9") + "$d").c_str()); }},
-      {"a wide field", [](int n) { atr_translate("%s").AddSubstitution(1, "x", ("%" + std::to_string(20 * n) + "s").c_str()); }},
-      {"short lines", [&](int n) { atr_String::AddLineBreaks(many(n, "some words\n").c_str(), 5, false); }},
+      {"a wide field",
+       [](int n) {
+         atr_translate("%s").AddSubstitution(1, "x", ("%" + std::to_string(20 * n) + "s").c_str());
+       }},
+      {"short lines",
+       [&](int n) { atr_String::AddLineBreaks(many(n, "some words\n").c_str(), 5, false); }},
       {"no blanks", [&](int n) { atr_String::BreakLineString(many(n, "\x83").c_str(), 5); }},
-      {"a locale's runs", [&](int n) { Locale l(ATR_TEST_SJIS); atr_utf8_from_encoding(nullptr, EncodingLocale, octets(many(n, "a"))); }},
-      {"escapes", [&](int n) { atr_trDecodeEscapes(many(n, "\\q").data()); }}};
-  // clang-format on
+      {"a locale's runs",
+       [&](int n) {
+         Locale l(ATR_TEST_SJIS);
+         atr_utf8_from_encoding(nullptr, EncodingLocale, octets(many(n, "a")));
+       }},
+      {"escapes", [&](int n) { atr_trDecodeEscapes(many(n, "\\q").data()); }},
+  };
   for (auto const& [what, work] : rows) {
     double factor = growthOf(work);
     for (int again = 0; again < 4 && factor > 8; ++again) factor = std::min(factor, growthOf(work));

@@ -15,21 +15,32 @@ static S substitute(S const& text, auto... values) {
 }
 
 TEST(Format, TemplatesAndValues) {
-  // clang-format off
-  constexpr char const* kRows[][3] = {// template, its formats by position, the result of five values
-      {"", "", ""}, {"100%%", "", "100%"}, {"%%%%%", "", "%%"}, {"%d%%", "%d", "<1>%"}, {"%d%", "%d", "<1>"},
-      {"%%s %ld", "%d", "%s <1>"}, {"%3$-5d%lld", "%ld%-5d", "<2><1>"}, {"%+d %#x %*d %i %hd", "", "+d #x *d i hd"},
-      {"%5.2f %-4s %lX", "%5.2f%-4s%X", "<1> <2>  %s"}, {"50% off %d", "%d", "50 off <1>"}, {"%5%d", "", "%d"},
-      {"%2$d %2$d %2$d %1$d", "%d%d%d%d", "<2> <4> %s <1>"}, {"%0$d %1$d", "%d%d", "<1> <2>"},
-      {"%99999999999$s %4294957296$s %$s", "%s%s%s", "<2> %s <1>"}};
-  // clang-format on
-  for (auto const& [text, formats, result] : kRows) {
+  struct {
+    char const *what, *text;
+    char const* formats;  // of the positions, one behind the other
+    char const* result;   // with the values <1>, <2>, %s, <4>, %1$d
+  } constexpr kRows[] = {
+      {"percent signs", "%%%%%", "", "%%"},
+      {"a percent sign at the end", "%d%", "%d", "<1>"},
+      {"a sign that is text", "%%s %ld", "%d", "%s <1>"},
+      {"no number takes the lowest free", "%3$-5d%lld", "%ld%-5d", "<2><1>"},
+      {"flags and letters that are none", "%+d %#x %*d %i %hd", "", "+d #x *d i hd"},
+      {"fields stay in the formats", "%5.2f %-4s %lX", "%5.2f%-4s%X", "<1> <2>  %s"},
+      {"a space ends no conversion", "50% off %d", "%d", "50 off <1>"},
+      {"a sign with a width", "%5%d", "", "%d"},
+      {"equal numbers", "%2$d %2$d %2$d %1$d", "%d%d%d%d", "<2> <4> %s <1>"},
+      {"the number 0", "%0$d %1$d", "%d%d", "<1> <2>"},
+      {"numbers beyond an int, and none", "%99999999999$s %4294957296$s %$s", "%s%s%s",
+       "<2> %s <1>"},
+  };
+  for (auto const& [what, text, formats, result] : kRows) {
+    SCOPED_TRACE(what);
     atr_translate const message(text);
     S all;
     for (int k = 1; message.Format(k) != nullptr; ++k) all += message.Format(k);
-    EXPECT_EQ(all, formats) << text;
+    EXPECT_EQ(all, formats);
     EXPECT_EQ(message.Format(0), nullptr);
-    EXPECT_EQ(substitute(text, "<1>", "<2>", "%s", "<4>", "%1$d"), result) << text;
+    EXPECT_EQ(substitute(text, "<1>", "<2>", "%s", "<4>", "%1$d"), result);
   }
   atr_translate nothing(nullptr);
   nothing.AddSubstitution(1, "x", nullptr);
@@ -137,15 +148,25 @@ TEST(Format, PluralForms) {
 
 TEST(Format, Conversions) {
   S const l(PRId64, sizeof PRId64 - 2);  // the platform's word for 64 bits
-  // clang-format off
-  std::tuple<S, int, char, S, S> const rows[] = {
-      {"%-10.5s", 0, 0, "%-10.5s", "%s"}, {"%5d", 0, 'u', "%5u", "%u"}, {"%5d", 1, 0, "%5hd", "%hd"},
-      {"%5d", 3, 'x', "%5hx", "%hx"}, {"%-8x", 2, 0, "%-8" + l + "x", "%" + l + "x"}, {"%5.2f", 2, 0, "%5.2f", "%f"},
-      {"%5s", 2, 'd', "%5" + l + "d", "%" + l + "d"}, {"%5c", 2, 0, "%5c", "%c"}, {"%lld", 7, 0, "%lld", "%d"}};
-  // clang-format on
-  for (auto const& [text, number, letter, full, narrow] : rows) {
+  struct {
+    S text;
+    int size;     // of the value
+    char letter;  // in the place of the text's own, or 0
+    S full, narrow;
+  } const rows[] = {
+      {"%-10.5s", 0, 0, "%-10.5s", "%s"},
+      {"%5d", 0, 'u', "%5u", "%u"},
+      {"%5d", 1, 0, "%5hd", "%hd"},
+      {"%5d", 3, 'x', "%5hx", "%hx"},
+      {"%-8x", 2, 0, "%-8" + l + "x", "%" + l + "x"},
+      {"%5.2f", 2, 0, "%5.2f", "%f"},
+      {"%5s", 2, 'd', "%5" + l + "d", "%" + l + "d"},
+      {"%5c", 2, 0, "%5c", "%c"},
+      {"%lld", 7, 0, "%lld", "%d"},
+  };
+  for (auto const& [text, dataSize, letter, full, narrow] : rows) {
     atr_Fmt format(text.c_str());
-    auto const size = static_cast<atr_Fmt::DataSize>(number);
+    auto const size = static_cast<atr_Fmt::DataSize>(dataSize);
     EXPECT_EQ(format.Format(size, letter), full) << text;
     EXPECT_EQ(format.FormatNoWidth(size, letter), narrow) << text;
     EXPECT_EQ(format.Letter(), text.back());
@@ -153,12 +174,22 @@ TEST(Format, Conversions) {
 }
 
 TEST(Format, ReplaceNonTranslated) {
-  // clang-format off
-  std::tuple<char const*, int, char const*, char const*> const rows[] = {
-      {"%s", 0, nullptr, ""}, {"%1$d", 1, "x", "%1$d"}, {"%3$s", 2, "x", "%3$s"}, {"", 0, "x", ""},
-      {"a%1$sb", 1, "%2$s", "a%2$sb"}, {"%1$s %1$s", 1, "x", "x %1$s"}, {"%-1$s", -1, "x", "x"}, {"%2$5s", 2, "x", "%2$5s"}};
-  char const* const patterns[][4] = {{"a-b-c", "-", "+", "a+b-c"}, {"a-b-c", "", "+", "a-b-c"}, {"%s", nullptr, "x", "%s"}};
-  // clang-format on
+  struct {
+    char const* text;
+    int position;
+    char const *value, *result;
+  } const rows[] = {
+      {"%s", 0, nullptr, ""},  {"%1$d", 1, "x", "%1$d"},        {"%3$s", 2, "x", "%3$s"},
+      {"", 0, "x", ""},        {"a%1$sb", 1, "%2$s", "a%2$sb"}, {"%1$s %1$s", 1, "x", "x %1$s"},
+      {"%-1$s", -1, "x", "x"}, {"%2$5s", 2, "x", "%2$5s"},
+  };
+  struct {
+    char const *text, *pattern, *value, *result;
+  } const patterns[] = {
+      {"a-b-c", "-", "+", "a+b-c"},
+      {"a-b-c", "", "+", "a-b-c"},
+      {"%s", nullptr, "x", "%s"},
+  };
   auto const check = [](char const* text, auto what, char const* value, S const& result) {
     atr_String plain(text), wrapped(text);
     EXPECT_EQ(textOf(plain.ReplaceNonTranslated(what, value)), result);

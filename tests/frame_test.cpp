@@ -43,19 +43,25 @@ TEST(Frame, StartsNestAndReport) {
 }
 
 TEST(Pool, Rows) {
-  // clang-format off
-  std::tuple<int, int, int, std::size_t, int> const rows[] = {  // ..., slab block, highest that fits
-      {12, 0, 0, 4096, 0}, {32, 7, 16384, 16384, 7}, {4, 20, 100, 400, 15}, {1000, 0, 0, 65536, 0},
-      {5000, 15, 0, 65536, 12}, {INT_MAX, 15, INT_MAX, 65536, -1}, {0, INT_MIN, -5, 400, 0}, {INT_MIN, INT_MAX, INT_MIN, 400, 15}};
-  // clang-format on
+  struct {
+    int unitBytes, maxClass, slabBytes;
+    std::size_t block;  // bytes of a slab as it is allocated
+    int last;           // the highest class that fits into one
+  } const rows[] = {
+      {12, 0, 0, 4096, 0},      {32, 7, 16384, 16384, 7},
+      {4, 20, 100, 400, 15},    {1000, 0, 0, 65536, 0},
+      {5000, 15, 0, 65536, 12}, {INT_MAX, 15, INT_MAX, 65536, -1},
+      {0, INT_MIN, -5, 400, 0}, {INT_MIN, INT_MAX, INT_MIN, 400, 15},
+  };
   for (auto const& [unitBytes, maxClass, slabBytes, block, last] : rows) {
+    SCOPED_TRACE(picture("a pool of", unitBytes, maxClass, slabBytes));
     atr_Allocator pool(unitBytes, maxClass, slabBytes);
     int const before = allocations().taken;
     for (int const c : {INT_MIN, -1, last + 1, INT_MAX})
-      EXPECT_EQ(pool.Allocate(c), nullptr) << unitBytes;
+      EXPECT_EQ(pool.Allocate(c), nullptr) << "class " << c;
     EXPECT_EQ(allocations().taken, before);
-    EXPECT_EQ(pool.Allocate(last) != nullptr, last >= 0) << unitBytes;
-    EXPECT_TRUE(last < 0 || allocations().lastBytes == block) << unitBytes;
+    EXPECT_EQ(pool.Allocate(last) != nullptr, last >= 0);
+    EXPECT_TRUE(last < 0 || allocations().lastBytes == block) << allocations().lastBytes;
   }
 }
 

@@ -27,27 +27,41 @@ static S read(std::string_view bytes) {
 TEST(Translation, DictionaryRows) {
   S const text(8191 - 11, 'v');  // the piece "msg['k'] = r'" + text fills the buffer
   auto const bad = [](char const* key) { return warning(kInvalid, key); };
-  // clang-format off
-  std::tuple<char const*, S, S> const rows[] = {
-      {"empty", "", ""}, {"no marker", "# comment\n\nmsg['a'] = 'b'\n", ""}, {"an entry", "msg['Open'] = r'Abrir'\n", "{Open=Abrir}"},
-      {"sorted by bytes", "['\xC3'] = r'1'\n['z'] = r'2'\n['za'] = r'3'\n[''] = r''\n", "{=}{z=2}{za=3}{\xC3=1}"},
-      {"file order among equals", "['a'] = r'1'\n['a'] = r'2'\n", "{a=1}{a=2}"}, {"no newline", "msg['a'] = r'xy'", "{a=x}"},
-      {"the closing is not looked at", "['a'] = r'xy' # note\n", "{a=xy' # not}"}, {"only a newline", "['a'] = r'\n", "{a=\n}"},
-      {"no value", "msg['a'] = r'", "{a=}"}, {"a marker in the value", "['a'] = r'b'] = r'c'\n", "{a=b'] = r'c}"},
-      {"quotes", "['it's'] = r'c'est'\n", "{it's=c'est}"}, {"a key ends at the marker", "['a\\'] = r'b'\n", "{a\\=b}"},
+  struct {
+    char const* what;
+    S bytes;
+    S result;  // the table and the warnings
+  } const rows[] = {
+      {"empty", "", ""},
+      {"no marker", "# comment\n\nmsg['a'] = 'b'\n", ""},
+      {"an entry", "msg['Open'] = r'Abrir'\n", "{Open=Abrir}"},
+      {"sorted by bytes", "['\xC3'] = r'1'\n['z'] = r'2'\n['za'] = r'3'\n[''] = r''\n",
+       "{=}{z=2}{za=3}{\xC3=1}"},
+      {"file order among equals", "['a'] = r'1'\n['a'] = r'2'\n", "{a=1}{a=2}"},
+      {"no newline", "msg['a'] = r'xy'", "{a=x}"},
+      {"the closing is not looked at", "['a'] = r'xy' # note\n", "{a=xy' # not}"},
+      {"only a newline", "['a'] = r'\n", "{a=\n}"},
+      {"no value", "msg['a'] = r'", "{a=}"},
+      {"a marker in the value", "['a'] = r'b'] = r'c'\n", "{a=b'] = r'c}"},
+      {"quotes", "['it's'] = r'c'est'\n", "{it's=c'est}"},
+      {"a key ends at the marker", "['a\\'] = r'b'\n", "{a\\=b}"},
       {"escapes in both", "['a\\n\\@x'] = r'\\x41\\'\\@'\n", "{a\n\\@x=A'\\@}"},
-      {"escapes in the key alone", "['a\\x41'] = r'b'\n", "{aA=b}"}, {"no strict UTF-8", "['a'] = r'\xED\xA0\x80'\n", "{a=?}"},
+      {"escapes in the key alone", "['a\\x41'] = r'b'\n", "{aA=b}"},
+      {"no strict UTF-8", "['a'] = r'\xED\xA0\x80'\n", "{a=?}"},
       {"UTF-8 from escapes", "['a'] = r'\\xC3\\xA9\\303\\251'\n", "{a=\xE9\xE9}"},
-      {"a NUL ends both", "['a\\0b'] = r'c\\x00q'\n", "{a=c}"}, {"both line ends", "['a'] = r'1'\r\n['b'] = r'2'\n", "{a=1}{b=2}"},
-      {"a marker alone", "'] = r'x'\n", ""}, {"a marker first", "'] = r'\xFFx'\n'] = r'x'\n['a'] = r'1'\n'] = r'x'", "{a=1}"},
-      {"only bad values warn of nothing", "['a'] = r'\xFF'\n", ""}, {"accepted once cut", "['a'] = r'1'\n['b'] = r'x\xFF\xFF", "{a=1}"},
+      {"a NUL ends both", "['a\\0b'] = r'c\\x00q'\n", "{a=c}"},
+      {"a marker alone", "'] = r'x'\n", ""},
+      {"a marker first", "'] = r'\xFFx'\n'] = r'x'\n['a'] = r'1'\n'] = r'x'", "{a=1}"},
+      {"only bad values warn of nothing", "['a'] = r'\xFF'\n", ""},
+      {"accepted once cut", "['a'] = r'1'\n['b'] = r'x\xFF\xFF", "{a=1}"},
       {"a bad value", "['a%s\\n'] = r'\xFF'\n['b'] = r'1'\n", "{b=1}" + bad("a%s\\n")},
       {"bad behind its escapes", "['a'] = r'\\777'\n['b'] = r'\\xE9'\n", bad("a") + bad("b")},
       {"a character cut at the end", "['a'] = r'1'\n['b'] = r'x\xC3\xA9z", "{a=1}" + bad("b")},
       {"a line in pieces", "['k'] = r'" + text + "xy'\n", "{k=" + text.substr(1) + "}"},
-      {"CR LF over the end", "['k'] = r'" + text.substr(1) + "'\r\n['b'] = r'1'\n", "{b=1}{k=" + text.substr(1) + "}"},
-      {"a NUL in a line", "['a'] = r'1'\0x\n['b'] = r'2'\n"s, "{a=}{b=2}"}};
-  // clang-format on
+      {"CR LF over the end", "['k'] = r'" + text.substr(1) + "'\r\n['b'] = r'1'\n",
+       "{b=1}{k=" + text.substr(1) + "}"},
+      {"a NUL in a line", "['a'] = r'1'\0x\n['b'] = r'2'\n"s, "{a=}{b=2}"},
+  };
   Locale const locale(ATR_TEST_LATIN1);
   for (auto const& [what, bytes, result] : rows) EXPECT_EQ(read(bytes), result) << what;
 }
@@ -112,18 +126,29 @@ TEST(Translation, Lookup) {
   TranslationEntry entries[] = {{open, first}, {open, last}, {menu, untouched}, {none, empty}};
   S const longKey(100000, '\xE9');
   auto const *const kWest = ATR_TEST_LATIN1, *const kEast = ATR_TEST_SJIS;
-  // clang-format off
-  std::tuple<char const*, char const*, S, bool, S> const rows[] = {
-      {"no table", "C", "abc", false, "abc"}, {"only a tail", "C", "\\@x", false, ""}, {"the last of equals", "C", "Open", true, "last"},
-      {"the whole key, and its text untouched", "C", menu, true, untouched}, {"another tail", "C", "Open\\@x", true, "Open"}, {"two tails", "C", "a\\b\\@c\\@d", false, "a\\b"},
-      {"an empty text", "C", none, true, ""}, {"no form", kEast, "\xC4\x80 \xE3\x82\xBD\\@x\xE9", true, "? \x83\x5C"},
-      {"no UTF-8", kEast, "\xE9\\@x", true, "\xE9"}, {"no UTF-8, long", kWest, longKey, true, longKey},
-      {"a NUL comes out", kWest, "a\xC0\x80\xC3\xA9", false, "a"}, {"nothing but a NUL", kWest, "\xC0\x80", false, ""},
+  struct {
+    char const *what, *locale;
+    S key;
+    bool hasTable;
+    S text;
+  } const rows[] = {
+      {"no table", "C", "abc", false, "abc"},
+      {"only a tail", "C", "\\@x", false, ""},
+      {"the last of equals", "C", "Open", true, "last"},
+      {"the whole key, and its text untouched", "C", menu, true, untouched},
+      {"another tail", "C", "Open\\@x", true, "Open"},
+      {"two tails", "C", "a\\b\\@c\\@d", false, "a\\b"},
+      {"an empty text", "C", none, true, ""},
+      {"no form", kEast, "\xC4\x80 \xE3\x82\xBD\\@x\xE9", true, "? \x83\x5C"},
+      {"no UTF-8", kEast, "\xE9\\@x", true, "\xE9"},
+      {"no UTF-8, long", kWest, longKey, true, longKey},
+      {"a NUL comes out", kWest, "a\xC0\x80\xC3\xA9", false, "a"},
+      {"nothing but a NUL", kWest, "\xC0\x80", false, ""},
       {"a NUL of three bytes", kWest, "\xC3\xA9\xE0\x80\x80z", false, "\xE9"},
       {"no NUL, but its last bytes", kEast, "\xE3\x80\x80z", false, "\x81\x40z"},
       {"a NUL, and no UTF-8 behind it", kWest, "a\xC0\x80\xFF", false, "a\xC0\x80\xFF"},
-      {"UTF-8", kWest, "%d \xC3\xA9", false, "%d \xE9"}};
-  // clang-format on
+      {"UTF-8", kWest, "%d \xC3\xA9", false, "%d \xE9"},
+  };
   for (auto const& [what, locale, key, hasTable, text] : rows) {
     Locale const set(locale);
     atr_trTable = {entries, hasTable ? 4 : 0};
@@ -158,12 +183,20 @@ TEST(Translation, LargeTables) {
     while (atr::hashOf(std::to_string(++next)) % 2048 != home) continue;
     return std::to_string(next);
   };
-  // clang-format off
-  std::pair<int, std::function<S(int)>> const families[] = {  // the second collides, the third is home by home in one run
-      {3000, mixed}, {400, [&](int) { return atHome(0); }}, {300, atHome}, {100, [](int) { return "same"; }},
-      {2000, [](int i) { return "Tooltip_" + std::to_string(i); }}, {2000, [](int i) { return "E." + std::to_string(10000 + i); }}};
-  // clang-format on
-  for (auto const& [count, makeKey] : families) {
+  struct {
+    char const* what;
+    int count;
+    std::function<S(int)> makeKey;
+  } const families[] = {
+      {"short and alike", 3000, mixed},
+      {"all of one home", 400, [&](int) { return atHome(0); }},
+      {"home by home", 300, atHome},
+      {"one key", 100, [](int) { return "same"; }},
+      {"a prefix", 2000, [](int i) { return "Tooltip_" + std::to_string(i); }},
+      {"numbers", 2000, [](int i) { return "E." + std::to_string(10000 + i); }},
+  };
+  for (auto const& [what, count, makeKey] : families) {
+    SCOPED_TRACE(what);
     std::vector<std::pair<S, S>> pairs;  // the texts are the places in the file
     for (int i = 0; i < count; ++i) pairs.emplace_back(makeKey(i), std::to_string(i));
     for (int const others : {0, 1, 2, 99}) {
@@ -218,15 +251,22 @@ TEST(Translation, LocaleAndSearch) {
   auto const in = [&](S const& folder) { return root + "/" + folder + "///"; };
   auto const native = [](std::filesystem::path p) { return p.make_preferred().string(); };
   S const all = list + list + in("none") + list + in("c") + list + in("b") + list + in("a") + list;
-  // clang-format off
-  std::tuple<S, S, S, S, S> const rows[] = {  // supported, file, path, first folder, what is found
-      {"-", "-", "-", all, "unchanged"}, {"1", "x/d.py", "-", all, "unchanged"}, {"1", "x/d.py", list + list, "-", "unchanged"},
-      {"1", "x/d.py", all, "-", native(b.path)}, {"1", "x/d.py", in("a"), all, native(b.path)},
+  struct {
+    S supported, file, path, first;  // the folder that is searched before the path
+    S found;
+  } const rows[] = {
+      {"-", "-", "-", all, "unchanged"},
+      {"1", "x/d.py", "-", all, "unchanged"},
+      {"1", "x/d.py", list + list, "-", "unchanged"},
+      {"1", "x/d.py", all, "-", native(b.path)},
+      {"1", "x/d.py", in("a"), all, native(b.path)},
       {"1", atr::platform::foreignSeparator + "x/d.py"s, all, "-", native(root + "/b//x/d.py")},
-      {"1", ".", in("a"), "-", "unchanged"}, {"1", "zero", "/dev", "-", "unchanged"},  // a device never ends
-      {"1", hasPipes ? "pipe" : "none", in("a"), "-", "unchanged"},  // and a pipe waits for its writer
-      {"-", "x/d.py", all, in("d"), native(d.path)}};
-  // clang-format on
+      {"1", ".", in("a"), "-", "unchanged"},
+      {"1", "zero", "/dev", "-", "unchanged"},  // a device never ends
+      {"1", hasPipes ? "pipe" : "none", in("a"), "-",
+       "unchanged"},  // and a pipe waits for its writer
+      {"-", "x/d.py", all, in("d"), native(d.path)},
+  };
   for (auto const& [supported, file, path, first, found] : rows)
     EXPECT_FRESH("", endAfterAMinute(); setEnvironment(supported, file, ATR_TEST_SJIS, path, first);
                  search(supported == "1" ? ATR_TEST_SJIS : "C", found));
@@ -249,7 +289,8 @@ TEST(Translation, BuildAndReload) {
     atr_trBuildDB();
     EXPECT_EQ(picture(atr_trTable), "{a=\xE9}{b=B}") << "built, and not again";
     setVariable("ZELTRA_LANG", ATR_TEST_SJIS);
-    atr_tr_enable(false), atr_tr_enable(true);
+    atr_tr_enable(false);
+    atr_tr_enable(true);
     EXPECT_EQ(picture(atr_trTable), "{a=?\x83\x5C}");
   };
   EXPECT_FRESH("", run());

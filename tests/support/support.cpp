@@ -57,8 +57,17 @@ void test::exitWithFailures() {
   std::exit(result.total_part_count());
 }
 
-int main(int argc, char** argv) {
+// Tests in fresh processes set locales too, and would only say that the process ended.
+static void lookForLocales() {
+  for (char const* const name : test::kLocales) test::Locale const locale(name);
+}
+
+int main(int argc, char** argv) try {
   ::testing::InitGoogleTest(&argc, argv);
   ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+  if (!::testing::FLAGS_gtest_list_tests) lookForLocales();
   return RUN_ALL_TESTS();
+} catch (std::exception const& thrown) {
+  std::cerr << thrown.what() << '\n';
+  return EXIT_FAILURE;
 }

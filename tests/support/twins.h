@@ -1,6 +1,6 @@
 // Twins: each reads some bytes as a case, does the same with the library and with a plain reading
-// of its rules, and throws if they differ. Tests run them over small worlds, seeds and corpora; the
-// fuzz targets run them over whatever the fuzzer finds.
+// of its rules, and throws a Difference. Tests run them over small worlds, seeds and corpora; the
+// fuzz targets run them over whatever the fuzzer finds. Both run them by twin_report.h.
 #ifndef ATR_TESTS_SUPPORT_TWINS_H
 #define ATR_TESTS_SUPPORT_TWINS_H
 
@@ -8,6 +8,8 @@
 #include <climits>
 #include <clocale>
 #include <cstring>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +40,9 @@ struct Text : atr_String {
 /// Bytes of the character at a position in the locale: 1 also for what is none.
 std::size_t characterBytes(S const& s, std::size_t at);
 
+/// The bytes of a code in the locale, by the runtime; nothing if the locale has no such character.
+std::optional<S> localeBytes(unsigned code);
+
 /// What comes out; behind the number of a failure, up to its last byte that is not 0xFF. Writing
 /// agrees with measuring, and leaves alone what lies around.
 S transcode(int target, int source, S const& text, char substitute = 0);
@@ -48,6 +53,11 @@ S picture(TranslationTable const& table);
 /// The table that a dictionary makes, read from where `file` stands, with no block lost.
 S readDictionary(std::FILE* file);
 
+/// What a twin throws. `where` names the operation, and the step and the state that it is in.
+struct Difference {
+  S where, expected, actual;
+};
+
 struct Twin {
   char const* name;
   void (*run)(std::string_view bytes);
@@ -55,7 +65,8 @@ struct Twin {
   int longest;            // of its texts, in pieces
 };
 
-extern Twin const kTwins[12];
+/// All twins. Each has a folder of its name in fuzz/corpus, and a target in fuzz/CMakeLists.txt.
+std::span<Twin const> twins();
 
 }  // namespace test
 
