@@ -5,7 +5,7 @@
 
 int main() {
   atr_String const notice(
-      "Move files that you no longer need to another disk.\nOr empty the trash.");
+      "Move files that you no longer need to another disk.\n\nOr empty the trash.");
   std::printf("%s\n\n", atr_String::AddLineBreaks(notice, 16, false).c_str());
   std::printf("%s\n\n", atr_String::AddLineBreaks(notice, 16, true).c_str());  // has one: kept
 
@@ -13,7 +13,10 @@ int main() {
   std::printf("%s\n", atr_String::BreakLineString(word, 4).c_str());
 
   atr_String const folded = atr_String::AddLineBreaks(notice, 16, false);
-  for (int i = 0; !folded.extract(i, '\n').IsEmpty(); ++i) {
-    std::printf("%2d| %s\n", i, folded.extract(i, '\n').c_str());
+  int const length = static_cast<int>(folded.length());
+  for (int at = 0, line = 0; at < length; ++line) {
+    int const end = folded.Find("\n", at);  // the length, if there is no newline left
+    std::printf("%2d| %s\n", line, folded.Substr(at, end - at).c_str());
+    at = end + 1;
   }
 }

@@ -65,7 +65,11 @@ void showNotice() {
       "The disk is almost full. Move files that you no longer need to another disk, or "
       "empty the trash, before you copy more.");
   atr_String const folded = atr_String::AddLineBreaks(notice, 44, false);
-  for (int i = 0; !folded.extract(i, '\n').IsEmpty(); ++i) print(folded.extract(i, '\n'));
+  int const length = static_cast<int>(folded.length());
+  for (int at = 0, end = 0; at < length; at = end + 1) {
+    end = folded.Find("\n", at);
+    print(folded.Substr(at, end - at));
+  }
   atr_String fixed("[log %2$s] %1$d files copied");  // for machines: not translated
   print(fixed.ReplaceNonTranslated(1, 3).ReplaceNonTranslated(2, "2026-11-22"));
 }
