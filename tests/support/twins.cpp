@@ -3,14 +3,18 @@
 #include <bit>
 #include <cmath>
 #include <cwchar>
+#include <filesystem>
+#include <fstream>
 #include <list>
 #include <map>
 #include <memory>
 #include <numeric>
+#include <random>
 #include <regex>
 #include <sstream>
 #include <utility>
 
+#include "atr/frame/platform.h"
 #include "support/twin_report.h"
 
 using namespace test;
@@ -220,8 +224,10 @@ std::optional<std::vector<unsigned>> codesOf(S const& text) {
   return codes;
 }
 
-// Pieces of at most 8191 bytes, up to a NUL of their own. CR LF is a newline.
+// Pieces of at most 8191 bytes, up to a NUL of their own. CR LF is a newline; in text mode 1A is
+// the end.
 std::vector<S> linesOf(S text) {
+  if (atr::platform::hasTextMode) text.resize(std::min(text.find('\x1A'), text.size()));
   for (std::size_t at = 0; (at = text.find("\r\n", at)) != text.npos;) text.erase(at, 1);
   std::vector<S> lines;
   for (std::size_t at = 0, end = 0; at < text.size(); at = end) {
@@ -259,12 +265,18 @@ S tableOf(std::string_view bytes) {
   return table;
 }
 
+// By a named file, which is opened as the library opens one: in text mode, where there is such a
+// mode.
 void dictionaries(std::string_view bytes) {
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> const file(std::tmpfile(), std::fclose);
-  same(file != nullptr, true, "there is a temporary file");
-  std::fwrite(bytes.data(), 1, bytes.size(), file.get());
-  std::rewind(file.get());
-  same(readDictionary(file.get()), tableOf(bytes), "the table");
+  static S const name = "atr_twin_" + std::to_string(std::random_device()());
+  static S const path = (std::filesystem::temp_directory_path() / name).string();
+  std::ofstream(path, std::ios::binary) << bytes;
+  std::FILE* const file = atr::platform::openText(path.c_str());
+  same(file != nullptr, true, "there is a temporary file: " + path);
+  S const table = readDictionary(file);
+  std::fclose(file);
+  std::filesystem::remove(path);
+  same(table, tableOf(bytes), "the table");
 }
 
 S repeated(S const& piece, int times) {
