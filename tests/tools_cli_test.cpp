@@ -61,7 +61,8 @@ TEST(ToolsRun, CheckAgainstCharsetReferenceAndKeys) {
   TempFile const reference("r.py", "msg['Open'] = r'Ouvrir'\nmsg['Close'] = r'Fermer'\n");
   TempFile const list("keys", "Open\tfound\nPay\n");
   EXPECT_EQ(run("check --charset ISO-8859-1 --disable punctuation-differs a.py"),
-            "a.py:2:24: error: ISO-8859-1 lacks \"€\" (U+20AC), which shows as ? [not-in-charset]\n"
+            "a.py:2:24: error: ISO-8859-1 lacks \"€\" (U+20AC), which shows as ? "
+            "[not-in-charset]\n"
             "  msg['Pay'] = r'Zahlen: € €'\n"
             "                         ^\n"
             "errors: 1, warnings: 0\n1\n");
@@ -209,8 +210,8 @@ TEST(ToolsRun, PoThereAndBack) {
       char const* const ends[] = {"", ".", "\\n", "\\\"quoted\\\"", "\\\\", "\\t|", " %d %s", "%%"};
       char const* const tails[] = {"", "", "\\@menu", "\\@"};
       S const end = ends[random() % std::size(ends)];
-      bytes += "msg['Key " + id + end + tails[random() % std::size(tails)] + "'] = r'Größe " + id +
-               end + "'\n";
+      S const key = "Key " + id + end + tails[random() % std::size(tails)];
+      bytes += "msg['" + key + "'] = r'Größe " + id + end + "'\n";
       if (i % 10 != 0) continue;
       bytes += "msg['%d file " + id + "\\@plural0'] = r'%d a" + id + "'\n";
       for (char const form : {'0', '1', '2'}) {
