@@ -205,11 +205,11 @@ TEST(Translation, LargeTables) {
       auto expected = entries;
       std::ranges::stable_sort(expected, {}, [](auto const& e) { return S(e.key); });
       atr_trTable = {entries.data(), count};
-      EXPECT_TRUE(fails(others, [] { atr_trSort(); }) || others > 1);
+      EXPECT_TRUE(fails(others, [] { atr_trTable.sort(); }) || others > 1);
       EXPECT_EQ(picture(atr_trTable), picture({expected.data(), count}));
-      for (auto& [key, text] : pairs) ASSERT_EQ(atr_trFind(key + "?").data(), nullptr);
+      for (auto& [key, text] : pairs) ASSERT_EQ(atr_trTable.find(key + "?").data(), nullptr);
       atr::KeyIndex index;
-      index.build(atr_trTable);
+      index.build(entries.data(), count);
       EXPECT_EQ(index.isEmpty(), count == 400) << count;
       index.clear();
       atr_trTable = {nullptr, 0};

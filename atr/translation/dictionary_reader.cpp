@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "atr/encoding/encoding_table.h"
 #include "atr/encoding/strict_utf8.h"
@@ -14,6 +15,7 @@
 #include "atr/frame/memory.h"
 #include "atr/frame/platform.h"
 #include "atr/translation/entry_line.h"
+#include "atr/translation/escapes.h"
 #include "atr/translation/line_reader.h"
 #include "atr/translation/translation_table.h"
 
@@ -29,18 +31,12 @@ unsigned char const* asBytes(char const* text) noexcept {
   return reinterpret_cast<unsigned char const*>(text);
 }
 
-bool isStrictUtf8(EntryLine const& line) noexcept {
-  unsigned char const* const end = asBytes(line.value) + line.valueBytes;
-  return skipStrictUtf8ByChunks(asBytes(line.value), end) == end;
-}
-
 int measure(char const* value, char substitute) noexcept {
   return atr_utf8_to_encoding(EncodingLocale, nullptr, asBytes(value), substitute);
 }
 
-// What is strict is what most texts are, and is seen at once.
-bool isUtf8(EntryLine const& line) noexcept {
-  return isStrictUtf8(line) || atr_encoding_validate(EncodingUtf8, asBytes(line.value));
+bool isUtf8(char const* value) noexcept {
+  return atr_encoding_validate(EncodingUtf8, asBytes(value));
 }
 
 std::size_t countEntries(LineReader& lines) noexcept {
@@ -48,7 +44,7 @@ std::size_t countEntries(LineReader& lines) noexcept {
   EntryLine entry;
   std::ptrdiff_t bytes = 0;
   while (char* const line = lines.next(bytes)) {
-    if (findEntry(line, bytes, entry) && isUtf8(entry)) ++count;
+    if (findEntry(line, bytes, entry) && isUtf8(entry.value)) ++count;
   }
   return count;
 }
@@ -79,14 +75,40 @@ bool hasBackslash(char const* begin, char const* end) noexcept {
   return std::memchr(begin, '\\', static_cast<std::size_t>(end - begin)) != nullptr;
 }
 
-// The value is judged before and after its escapes are decoded. Without escapes the first measure
-// stands; with them the text is measured again, so that its block is as large as what is written.
-Block convertValue(EntryLine const& line, int measured, bool warns) noexcept {
-  int bytes = measured;
+bool isStrictUtf8(EntryLine const& line) noexcept {
+  unsigned char const* const end = asBytes(line.value) + line.valueBytes;
+  return skipStrictUtf8ByChunks(asBytes(line.value), end) == end;
+}
+
+// What a look at the entry tells before anything is allocated for it.
+struct Verdict {
+  int textBytes;       // of the value in the encoding of the locale; negative if it is no UTF-8
+  bool hasEscapes;     // in the key or in the value
+  bool isTextAlready;  // the value is its own text: copy it
+};
+
+// A UTF-8 locale keeps strict UTF-8 as it is. Most entries of most dictionaries are such.
+Verdict judge(EntryLine const& line, platform::Codeset codeset) noexcept {
+  bool const hasEscapes = hasBackslash(line.key, line.value + line.valueBytes);
+  if (codeset == platform::Codeset::utf8 && !hasEscapes && isStrictUtf8(line)) {
+    return {line.valueBytes, hasEscapes, true};
+  }
+  return {measure(line.value, kSubstitute), hasEscapes, false};
+}
+
+Block copyKey(EntryLine const& line, Verdict const& verdict) noexcept {
+  Block key = copyOf(line.key, line.keyBytes);
+  if (key != nullptr && verdict.hasEscapes) atr_trDecodeEscapes(key.get());
+  return key;
+}
+
+// Decodes the value's escapes in the line. The text that comes out is judged again, because an
+// escape may stand for any byte, and measured again, so that its block is no larger than it.
+Block convert(EntryLine const& line, Verdict const& verdict, bool warns) noexcept {
   bool const isEscaped = hasBackslash(line.value, line.value + line.valueBytes);
   if (isEscaped) atr_trDecodeEscapes(line.value);
   if (warns && measure(line.value, 0) == kNoForm) atr_trWarnEncoding(line.key, line.keyBytes);
-  if (isEscaped) bytes = measure(line.value, kSubstitute);
+  int const bytes = isEscaped ? measure(line.value, kSubstitute) : verdict.textBytes;
   if (bytes < 0) {
     atr_trWarnInvalidUtf8(line.key, line.keyBytes);
     return nullptr;
@@ -99,24 +121,23 @@ Block convertValue(EntryLine const& line, int measured, bool warns) noexcept {
   return text;
 }
 
-// Takes the entry over unless it is bad, there is no memory for it, or the array is full. The first
-// entry that is not bad fixes the site's answer, whatever its value.
+// The second pass may accept more entries than the first has counted, so the array may be full.
+void keep(Block key, Block text, int capacity) noexcept {
+  if (atr_trTable.count == capacity) return;
+  atr_trTable.entries[atr_trTable.count++] = {key.release(), text.release()};
+}
+
+// An entry that is bad, or that there is no memory for, is left out. The site's answer is asked for
+// at the first entry that is not bad, whatever its value: it holds for the whole process.
 void storeEntry(EntryLine& line, int capacity, platform::Codeset codeset) noexcept {
   cutClosing(line);
-  // Strict UTF-8 without escapes is what a UTF-8 locale makes of it.
-  bool const mayHaveEscapes = hasBackslash(line.key, line.value + line.valueBytes);
-  bool const staysSo = codeset == platform::Codeset::utf8 && !mayHaveEscapes && isStrictUtf8(line);
-  int const measured = staysSo ? line.valueBytes : measure(line.value, kSubstitute);
-  if (measured < 0) {
-    atr_trWarnInvalidUtf8(line.key, line.keyBytes);
-    return;
-  }
+  Verdict const verdict = judge(line, codeset);
+  if (verdict.textBytes < 0) return atr_trWarnInvalidUtf8(line.key, line.keyBytes);
   bool const warns = warnsOfEncoding();
-  Block key = copyOf(line.key, line.keyBytes);
-  Block text = staysSo ? copyOf(line.value, measured) : convertValue(line, measured, warns);
-  if (key == nullptr || text == nullptr || atr_trTable.count == capacity) return;
-  if (mayHaveEscapes) atr_trDecodeEscapes(key.get());
-  atr_trTable.entries[atr_trTable.count++] = {key.release(), text.release()};
+  Block key = copyKey(line, verdict);
+  Block text =
+      verdict.isTextAlready ? copyOf(line.value, line.valueBytes) : convert(line, verdict, warns);
+  if (key != nullptr && text != nullptr) keep(std::move(key), std::move(text), capacity);
 }
 
 void warn(char const* text, char const* key, int length) noexcept {

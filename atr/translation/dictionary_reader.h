@@ -11,9 +11,6 @@
 /// stays empty.
 void atr_trReadDictionary(std::FILE* stream) noexcept;
 
-/// Decodes the escapes of a NUL-terminated text in place; it never grows.
-void atr_trDecodeEscapes(char* text) noexcept;
-
 /// The reader's warnings, with the key as it stands in the line.
 void atr_trWarnInvalidUtf8(char const* key, int length) noexcept;
 void atr_trWarnEncoding(char const* key, int length) noexcept;

@@ -3,8 +3,6 @@
 
 #include <cstring>
 
-#include "atr/translation/dictionary_reader.h"
-
 using atr::Escape;
 
 namespace {

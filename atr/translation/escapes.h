@@ -14,4 +14,7 @@ Escape decodeEscape(char const* p) noexcept;
 
 }  // namespace atr
 
+/// Decodes the escapes of a NUL-terminated text in place; it never grows.
+void atr_trDecodeEscapes(char* text) noexcept;
+
 #endif  // ATR_TRANSLATION_ESCAPES_H

@@ -72,18 +72,18 @@ bool KeyIndex::insert(int at) noexcept {
   return false;
 }
 
-void KeyIndex::build(TranslationTable const& table) noexcept {
+void KeyIndex::build(TranslationEntry const* entries, int count) noexcept {
   clear();
-  if (table.count <= 0) return;
-  auto const count = static_cast<std::size_t>(table.count);
-  std::size_t const slots = std::bit_ceil(4 * count);
-  slots_ = static_cast<Slot*>(mem_Calloc(slots + 3 * count, sizeof(Slot)));
+  if (count <= 0) return;
+  auto const records = static_cast<std::size_t>(count);
+  std::size_t const slots = std::bit_ceil(4 * records);
+  slots_ = static_cast<Slot*>(mem_Calloc(slots + 3 * records, sizeof(Slot)));
   if (slots_ == nullptr) return;
   static_assert(sizeof(Record) == 3 * sizeof(Slot));
   records_ = reinterpret_cast<Record*>(slots_ + slots);
   mask_ = static_cast<std::uint32_t>(slots - 1);
-  for (int i = 0; i < table.count; ++i) {
-    records_[i].entry = table.entries[i];
+  for (int i = 0; i < count; ++i) {
+    records_[i].entry = entries[i];
     if (!insert(i)) return clear();
   }
 }

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "atr/translation/translation_table.h"
+#include "atr/translation/translation_entry.h"
 
 namespace atr {
 
@@ -19,7 +19,7 @@ class KeyIndex {
  public:
   /// Indexes the entries; of equal keys the last. Their texts must stand until the index is
   /// cleared.
-  void build(TranslationTable const& table) noexcept;
+  void build(TranslationEntry const* entries, int count) noexcept;
 
   /// Gives the index back.
   void clear() noexcept;

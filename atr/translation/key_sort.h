@@ -4,7 +4,7 @@
 #ifndef ATR_TRANSLATION_KEY_SORT_H
 #define ATR_TRANSLATION_KEY_SORT_H
 
-#include "atr/translation/translation_table.h"
+#include "atr/translation/translation_entry.h"
 
 namespace atr {
 

@@ -86,7 +86,7 @@ void MessageText::write(char* out) const noexcept {
 
 MessageText atr_LookupMessage(char const* text) noexcept {
   std::string_view const key(text);
-  std::string_view const translation = atr_trFind(key);
+  std::string_view const translation = atr_trTable.find(key);
   if (translation.data() != nullptr) return {translation.data(), translation.size(), 0};
   return ownText(key);
 }

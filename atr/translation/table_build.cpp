@@ -25,7 +25,7 @@ void atr_trBuildDB() {
     if (file != nullptr) atr_trReadDictionary(file.get());
   }
   if (atr_trTable.count > 0) {
-    atr_trSort();
+    atr_trTable.sort();
   } else {
     atr_trTable.count = -1;
   }

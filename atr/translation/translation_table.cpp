@@ -1,4 +1,4 @@
-// The table: its order, its search, its release.
+// The table's order, its search and its release.
 #include "atr/translation/translation_table.h"
 
 #include <algorithm>
@@ -6,15 +6,10 @@
 
 #include "atr/frame/compiler.h"
 #include "atr/frame/memory.h"
-#include "atr/translation/key_index.h"
 #include "atr/translation/key_sort.h"
 #include "atr/translation/translation.h"
 
-using namespace atr;
-
-TranslationTable atr_trTable = {nullptr, 0};
-
-static KeyIndex keyIndex;
+TranslationTable atr_trTable;
 
 int atr_trCompareKeys(void const* a, void const* b) noexcept {
   int const order = std::strcmp(static_cast<TranslationEntry const*>(a)->key,
@@ -22,19 +17,20 @@ int atr_trCompareKeys(void const* a, void const* b) noexcept {
   return (order > 0) - (order < 0);
 }
 
-void atr_trSort() noexcept {
-  keyIndex.build(atr_trTable);
-  bool const isLarge = atr_trTable.count >= kFewEntries;
-  if (!isLarge || !sortByPrefixes(atr_trTable.entries, atr_trTable.count)) {
-    sortInPlace(atr_trTable.entries, atr_trTable.count);
-  }
+// The index is filled first, in file order, because of equal keys it keeps the one inserted last.
+void TranslationTable::sort() noexcept {
+  index.build(entries, count);
+  bool const isLarge = count >= atr::kFewEntries;
+  if (!isLarge || !atr::sortByPrefixes(entries, count)) atr::sortInPlace(entries, count);
 }
 
-// Apart, so that the way of every lookup saves no registers for it.
-ATR_NOINLINE static std::string_view findByHalves(char const* key) noexcept {
+// A binary search that goes on behind an entry it has found, to the last of those with this key.
+// It is not inlined, so that a lookup by the index saves no registers for it.
+ATR_NOINLINE static std::string_view findByHalves(TranslationTable const& table,
+                                                  char const* key) noexcept {
   char const* text = nullptr;
-  TranslationEntry const* first = atr_trTable.entries;
-  for (int rest = std::max(atr_trTable.count, 0); rest > 0;) {
+  TranslationEntry const* first = table.entries;
+  for (int rest = std::max(table.count, 0); rest > 0;) {
     TranslationEntry const* const middle = first + rest / 2;
     int const order = std::strcmp(key, middle->key);
     if (order == 0) text = middle->text;
@@ -48,16 +44,18 @@ ATR_NOINLINE static std::string_view findByHalves(char const* key) noexcept {
   return text != nullptr ? std::string_view(text) : std::string_view();
 }
 
-std::string_view atr_trFind(std::string_view key) noexcept {
-  return keyIndex.isEmpty() ? findByHalves(key.data()) : keyIndex.find(key);
+std::string_view TranslationTable::find(std::string_view key) const noexcept {
+  return index.isEmpty() ? findByHalves(*this, key.data()) : index.find(key);
 }
 
-void atr_trReleaseDB() {
-  keyIndex.clear();
-  for (int i = 0; i < atr_trTable.count; ++i) {
-    mem_Free(atr_trTable.entries[i].key);
-    mem_Free(atr_trTable.entries[i].text);
+void TranslationTable::release() noexcept {
+  index.clear();
+  for (int i = 0; i < count; ++i) {
+    mem_Free(entries[i].key);
+    mem_Free(entries[i].text);
   }
-  mem_Free(atr_trTable.entries);
-  atr_trTable = {nullptr, 0};
+  mem_Free(entries);
+  *this = {};
 }
+
+void atr_trReleaseDB() { atr_trTable.release(); }

@@ -34,7 +34,7 @@ struct LoadedTable {
     std::FILE* const file = atr::platform::openText(path.c_str());
     atr_trReadDictionary(file);
     std::fclose(file);
-    if (atr_trTable.count > 0) atr_trSort();
+    if (atr_trTable.count > 0) atr_trTable.sort();
   }
   ~LoadedTable() { atr_trReleaseDB(); }
 };

@@ -19,6 +19,7 @@
 #include "atr/frame/memory.h"
 #include "atr/strings/summary.h"
 #include "atr/translation/dictionary_reader.h"
+#include "atr/translation/escapes.h"
 #include "atr/translation/translation_table.h"
 
 namespace test {

@@ -61,7 +61,7 @@ std::optional<std::string> variable(char const* name) {
 KeyFacts lookUp(std::string const& key) {
   KeyFacts facts;
   facts.key = key;
-  facts.isInTable = atr_trFind(key).data() != nullptr;
+  facts.isInTable = atr_trTable.find(key).data() != nullptr;
   atr::MessageText const message = atr_LookupMessage(key.c_str());
   facts.isReencoded = message.encodedBytes > 0;
   facts.isTailCut = !facts.isInTable && message.bytes < key.size();
