@@ -1,5 +1,7 @@
-// Two passes: one counts the entries whose texts look good, one stores them into an array of that
-// size. They judge different texts, so the second may find fewer or more; it never writes beyond.
+// Two passes over the file: the first counts the entries whose values are UTF-8, the second stores
+// entries into an array of that size. The first judges a value as it stands in the file, the second
+// without its closing and with its escapes decoded, so the numbers may differ: the second pass
+// never writes beyond the array.
 #include "atr/translation/dictionary_reader.h"
 
 #include <algorithm>
@@ -60,7 +62,8 @@ Block copyOf(char const* text, int bytes) noexcept {
   return block;
 }
 
-// A site that checks its dictionaries asks for warnings; the answer holds for the whole process.
+// A site that checks its dictionaries asks for warnings by its environment. The environment is read
+// once: the answer holds for the whole process, later loads included.
 bool warnsOfEncoding() noexcept {
   enum class Flag { unknown, off, on };
   static Flag flag = Flag::unknown;
@@ -80,7 +83,7 @@ bool isStrictUtf8(EntryLine const& line) noexcept {
   return skipStrictUtf8ByChunks(asBytes(line.value), end) == end;
 }
 
-// What a look at the entry tells before anything is allocated for it.
+// What is known of an entry before anything is allocated for it.
 struct Verdict {
   int textBytes;       // of the value in the encoding of the locale; negative if it is no UTF-8
   bool hasEscapes;     // in the key or in the value

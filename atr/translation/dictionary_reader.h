@@ -1,4 +1,4 @@
-// The dictionary file: a pair of key and UTF-8 text a line, as in
+// Reads a dictionary file, which has one pair of key and UTF-8 text on a line:
 //
 //     msg['Open'] = r'Abrir'
 #ifndef ATR_TRANSLATION_DICTIONARY_READER_H
@@ -6,12 +6,13 @@
 
 #include <cstdio>
 
-/// Fills the empty table from a stream that is open and at its beginning, in file order. The stream
-/// stays open. A bad entry is warned about and left out; without memory for the array the table
-/// stays empty.
+/// Fills the empty table from a stream that is open and at its beginning; the entries keep the
+/// order of the file. The stream stays open. An entry that is no UTF-8 is left out with a warning.
+/// Without memory for the array the table stays empty.
 void atr_trReadDictionary(std::FILE* stream) noexcept;
 
-/// The reader's warnings, with the key as it stands in the line.
+/// Print one of the reader's two warnings to the standard error stream, with the `length` bytes of
+/// the key as they stand in the line.
 void atr_trWarnInvalidUtf8(char const* key, int length) noexcept;
 void atr_trWarnEncoding(char const* key, int length) noexcept;
 

@@ -1,4 +1,4 @@
-// The pieces of a dictionary's entry line, where they stand in the line.
+// Finds the key and the value within one line of a dictionary.
 //
 //     line = { byte } "'" key "'] = r'" value closing
 #ifndef ATR_TRANSLATION_ENTRY_LINE_H
@@ -11,12 +11,12 @@ namespace atr {
 
 constexpr char kMarker[] = "'] = r'";
 constexpr std::ptrdiff_t kMarkerBytes = sizeof kMarker - 1;
-constexpr int kClosingBytes = 2;  // a quote and a newline, whatever they really are
+constexpr int kClosingBytes = 2;  // a quote and a newline; what really stands there is not read
 
 struct EntryLine {
   char* key;
-  int keyBytes;  // negative if the line's first quote is the marker's own
-  char* value;   // up to the NUL of the line, closing included
+  int keyBytes;  // negative if the first quote of the line is the one that begins the marker
+  char* value;   // goes up to the NUL of the line; the closing belongs to it until it is cut
   int valueBytes;
 };
 
@@ -24,8 +24,8 @@ inline char* findQuote(char* p, char const* end) noexcept {
   return static_cast<char*>(std::memchr(p, '\'', static_cast<std::size_t>(end - p)));
 }
 
-/// Finds the pieces of the first marker in a line of `bytes` bytes; false, with `entry` untouched,
-/// if the line has no marker and so is no entry.
+/// Finds key and value around the first marker in a line of `bytes` bytes. A line without a marker
+/// is no entry: false then, and `entry` is unchanged.
 inline bool findEntry(char* line, std::ptrdiff_t bytes, EntryLine& entry) noexcept {
   char* const end = line + bytes;
   char* const firstQuote = findQuote(line, end);
@@ -41,7 +41,7 @@ inline bool findEntry(char* line, std::ptrdiff_t bytes, EntryLine& entry) noexce
   return false;
 }
 
-/// Cuts the last two bytes of the value off, whatever they are.
+/// Removes the closing from the value, whatever bytes it is made of.
 inline void cutClosing(EntryLine& entry) noexcept {
   if (entry.valueBytes < kClosingBytes) return;
   entry.valueBytes -= kClosingBytes;

@@ -1,4 +1,5 @@
-// Escapes in keys and texts of a dictionary. What is no escape stays as it is.
+// Escapes in the keys and values of a dictionary. A backslash that begins no escape stays, and so
+// does the byte behind it.
 #include "atr/translation/escapes.h"
 
 #include <cstring>
@@ -46,7 +47,8 @@ Escape atr::decodeEscape(char const* p) noexcept {
   return {p + 1, kBytes[name - kNames]};
 }
 
-// A decoded byte is never read again, and a sequence that stays is stepped over whole.
+// Decoding happens in one pass, so a decoded backslash begins no second escape. A backslash that
+// begins no escape is copied together with its next byte, which so begins none either.
 void atr_trDecodeEscapes(char* text) noexcept {
   char* out = std::strchr(text, '\\');
   if (out == nullptr) return;

@@ -1,6 +1,6 @@
-// Open addressing, slot by slot. A dictionary is anybody's file, so the steps of a probe are
-// bounded: keys that take more leave the table without an index, and no key is further from its
-// home.
+// Open addressing with linear probing. Anybody can write a dictionary, also one whose keys all
+// collide, so a probe is bounded: a table with a key that needs more steps gets no index, and its
+// lookups search the sorted entries instead.
 #include "atr/translation/key_index.h"
 
 #include <bit>
@@ -13,15 +13,15 @@ namespace atr {
 
 namespace {
 
-constexpr std::uint32_t kMaxProbes = 256;              // many times what honest keys take
-constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // the golden ratio's fraction
+constexpr std::uint32_t kMaxProbes = 256;              // ordinary keys need fewer than ten
+constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // odd, its bits spread evenly: 2^64 / phi
 
 std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
   return (std::rotl(hash, 23) ^ word) * kFactor;
 }
 
-// Less than a word of bytes in one, which tells those of one length apart: both ends, or three
-// bytes that are all there are.
+// Fewer bytes than a word, as one word. Texts of the same length give different words: the two
+// loads overlap and so hold all of four to seven bytes, and three picks hold all of one to three.
 std::uint64_t loadShort(char const* p, std::size_t bytes) noexcept {
   std::uint32_t first = 0, last = 0;
   if (bytes >= sizeof first) {
@@ -35,8 +35,9 @@ std::uint64_t loadShort(char const* p, std::size_t bytes) noexcept {
 
 }  // namespace
 
-// Two words at a time, which do not wait for each other; the last ones overlap those before. A
-// product carries differences upwards only, so that the last word needs one more.
+// Two independent chains, so that the processor multiplies two words at once. The last words
+// overlap the ones before, which saves a loop over the bytes that are left. Multiplication spreads
+// bits upwards only, hence the final mix before the upper half is taken.
 std::uint32_t hashOf(std::string_view key) noexcept {
   char const* p = key.data();
   char const* const end = p + key.size();

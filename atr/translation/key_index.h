@@ -1,4 +1,5 @@
-// A hash index beside the sorted table: one look for a key in the place of a search by halves.
+// A hash index beside the sorted table: a lookup finds its key in about one step where a binary
+// search of 100 000 entries takes seventeen.
 #ifndef ATR_TRANSLATION_KEY_INDEX_H
 #define ATR_TRANSLATION_KEY_INDEX_H
 
@@ -10,18 +11,19 @@
 
 namespace atr {
 
-/// The hash of a key. Equal keys have equal ones.
+/// The hash of a key; the tests use it to make keys collide.
 std::uint32_t hashOf(std::string_view key) noexcept;
 
-/// An index of a table's entries, which may be sorted behind it. It is optional: without memory, or
-/// for keys made to collide, it stays empty, and the table is searched.
+/// An index over the entries of a table. It holds its own copies of their pointers, so the entries
+/// may be sorted after it was built. It is optional: without memory, or for keys that were made to
+/// collide, it stays empty, and the caller searches the table.
 class KeyIndex {
  public:
-  /// Indexes the entries; of equal keys the last. Their texts must stand until the index is
-  /// cleared.
+  /// Indexes the entries; of equal keys the last one. Keys and texts must live until the index is
+  /// cleared. O(bytes of all keys).
   void build(TranslationEntry const* entries, int count) noexcept;
 
-  /// Gives the index back.
+  /// Frees the memory; the index is empty then.
   void clear() noexcept;
 
   bool isEmpty() const noexcept { return slots_ == nullptr; }
@@ -32,10 +34,10 @@ class KeyIndex {
  private:
   struct Slot {
     std::uint32_t hash;
-    int record;  // 0 for a free slot, else its place, from 1
+    int record;  // 0 if the slot is free, otherwise the number of its record, counted from 1
   };
 
-  // An entry and its lengths, all that a lookup reads, side by side.
+  // An entry with its two lengths: all that a lookup reads, in one cache line as a rule.
   struct Record {
     std::string_view key() const noexcept {
       return {entry.key, static_cast<std::size_t>(keyBytes)};
@@ -48,9 +50,9 @@ class KeyIndex {
 
   bool insert(int at) noexcept;
 
-  // One block of mem_Calloc: a power of two of slots, of which three in four at least are free, so
-  // that most keys that are not there meet a free one at once; then the records, in the order that
-  // the entries had.
+  // One block of mem_Calloc: the slots, then the records in the order of the entries. The slots
+  // are a power of two, and at least three in four are free, so that a lookup of a key that is not
+  // there meets a free slot at once as a rule.
   Slot* slots_ = nullptr;
   Record* records_ = nullptr;
   std::uint32_t mask_ = 0;

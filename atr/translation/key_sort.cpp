@@ -1,6 +1,6 @@
-// sortInPlace merges by rotation. sortByPrefixes is a radix sort from the first byte on, over eight
-// bytes of each key at a time: what they have in common is passed by at a glance, and few keys are
-// sorted by comparing.
+// sortInPlace is a merge sort that merges by rotation. sortByPrefixes is a radix sort that starts
+// at the first byte (MSD) and holds eight bytes of each key at a time: bytes that all keys share
+// are skipped in one step, and small groups of keys are sorted by insertion.
 #include "atr/translation/key_sort.h"
 
 #include <algorithm>
@@ -17,7 +17,7 @@ namespace atr {
 
 namespace {
 
-constexpr int kFew = 16;  // keys that cost less to insert one by one than to merge or to count
+constexpr int kFew = 16;  // up to here insertion is cheaper than merging or counting
 
 bool precedes(TranslationEntry const& a, TranslationEntry const& b) noexcept {
   return std::strcmp(a.key, b.key) < 0;
@@ -29,8 +29,9 @@ void insertOneByOne(TranslationEntry* first, TranslationEntry* last) noexcept {
   }
 }
 
-// Merges two sorted halves. The larger one is cut in its middle, and the other where that key
-// belongs; a rotation then brings the two inner pieces into order, and each side is merged alone.
+// Merges two sorted halves without a buffer. Cuts the larger half in its middle and the other half
+// where that key belongs; rotating the two inner pieces puts every key on its side of the cut, and
+// each side is merged by itself. The left side recurses, the right side goes round the loop.
 void mergeInPlace(TranslationEntry* first, TranslationEntry* middle,
                   TranslationEntry* last) noexcept {
   while (first != middle && middle != last && precedes(*middle, middle[-1])) {
@@ -66,7 +67,8 @@ constexpr int kPrefix = sizeof(std::uint64_t);
 constexpr int kByteValues = 256;
 
 struct Keyed {
-  std::uint64_t prefix;  // the next bytes of the key, the first of them highest; 0 behind its end
+  std::uint64_t prefix;  // the key's next eight bytes, big-endian, so that integers compare as
+                         // bytes do; zeros follow the end of the key
   TranslationEntry entry;
 };
 
@@ -79,9 +81,10 @@ std::uint64_t prefixOf(char const* text) noexcept {
   return prefix;
 }
 
+// True if the key has bytes behind this prefix.
 bool goesOn(std::uint64_t prefix) noexcept { return (prefix & 0xFF) != 0; }
 
-// Keys that agree up to their prefixes, which begin at `depth`.
+// The order of two keys whose first `depth` bytes are equal; their prefixes begin there.
 bool isBefore(Keyed const& a, Keyed const& b, std::size_t depth) noexcept {
   if (a.prefix != b.prefix) return a.prefix < b.prefix;
   return goesOn(a.prefix) &&
@@ -105,7 +108,8 @@ std::uint64_t differencesOf(Keyed const* keys, int count) noexcept {
 
 using Ends = std::array<int, kByteValues>;
 
-// Sorts by one byte of the prefixes, and tells where the keys with each value of it end.
+// A counting sort by the byte of the prefix at `shift`, stable. Returns for each value of the byte
+// where its keys end.
 Ends distribute(Keyed* keys, int count, Keyed* scratch, int shift) noexcept {
   Ends at{};
   for (int i = 0; i < count; ++i) ++at[keys[i].prefix >> shift & 0xFF];
@@ -116,8 +120,9 @@ Ends distribute(Keyed* keys, int count, Keyed* scratch, int shift) noexcept {
   return at;
 }
 
-// As isBefore. The largest part of the keys goes round the loop, so that the calls within one
-// another halve the keys each.
+// Sorts keys whose first `depth` bytes are equal. The largest group goes round the loop and the
+// others recurse; each of those has at most half of the keys, so the depth of the recursion is at
+// most log2(count), whatever the keys are.
 void sortBehind(Keyed* keys, int count, Keyed* scratch, std::size_t depth) noexcept {
   while (count > kFew) {
     std::uint64_t const differences = differencesOf(keys, count);

@@ -1,4 +1,5 @@
-// What of a line is at the end of the buffer moves to its front before the file is read on.
+// The buffer holds two longest lines. When the rest of it may be only the beginning of a line, the
+// rest moves to the front and the buffer is filled up from the file.
 #include "atr/translation/line_reader.h"
 
 #include <algorithm>
@@ -24,7 +25,8 @@ char* LineReader::findNewline() const noexcept {
 
 namespace {
 
-// Counts the bytes read in front of the one that ends a text in text mode.
+// In text mode some runtimes end a file at the first byte 0x1A, where fgets ends too; fread reads
+// on. Returns the number of bytes in front of it.
 std::size_t bytesOfText(char const* read, std::size_t bytes) noexcept {
   constexpr char kEndOfText = 0x1A;
   auto const* const mark = platform::hasTextMode
@@ -48,7 +50,8 @@ void LineReader::refill() noexcept {
   hasNul_ = std::memchr(buffer_, '\0', left + bytes) != nullptr;
 }
 
-// Makes one of CR LF, of which a piece may end in between, and answers where the line ends now.
+// Turns a CR LF at `end` into LF and returns the line's new end. A piece of the longest length may
+// end between the two bytes; the LF is then taken along, as fgets in text mode sees one byte.
 char* LineReader::joinLineEnd(char const* line, char* end) noexcept {
   bool const isCut = end - line == kMaxLine && end != end_ && *end == '\n';
   bool const isWhole = end - line >= 2 && end[-1] == '\n';

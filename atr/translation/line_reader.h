@@ -1,4 +1,4 @@
-// The lines of a dictionary, where they stand in a buffer.
+// Reads the lines of a dictionary without copying them out of the file buffer.
 #ifndef ATR_TRANSLATION_LINE_READER_H
 #define ATR_TRANSLATION_LINE_READER_H
 
@@ -9,25 +9,28 @@
 
 namespace atr {
 
-/// Delivers what fgets with a buffer of 8192 bytes would, without its copies; a line end of CR LF
-/// reads as LF on every platform. A last line that a failure of the file cuts off is dropped.
+/// Returns the lines that fgets with a buffer of 8192 bytes would: a longer line comes in pieces.
+/// CR LF reads as LF on every platform. If reading the file fails, the incomplete last line is
+/// dropped.
 class LineReader {
  public:
-  /// Starts where `stream` stands. It stays the caller's.
-  /// @param areJoined whether the stream itself makes LF of CR LF.
+  /// Starts at the current position of `stream`, which stays the caller's and must outlive this.
+  /// @param areJoined true if the stream itself turns CR LF into LF.
   explicit LineReader(std::FILE* stream, bool areJoined = platform::hasTextMode) noexcept
       : stream_(stream), areJoined_(areJoined) {
     start();
   }
 
-  /// The next line, with its newline if that fitted and a NUL behind it, or null at the end. The
-  /// caller may write to it up to that NUL, until the next call.
-  /// @param bytes set to what stands in front of the line's first NUL.
+  /// The next line, its newline included, with a NUL behind it; null at the end of the file. The
+  /// caller may write to the line, up to that NUL, until the next call.
+  /// @param bytes is set to the number of bytes in front of the line's first NUL.
   char* next(std::ptrdiff_t& bytes) noexcept;
 
-  /// Bytes of the line last delivered with those behind a NUL of its own, and bytes of the stream
-  /// that it was made from: one more for a line end of CR LF. Good until the next call.
+  /// Bytes of the last line, those behind a NUL within it included. Valid until the next call.
   std::ptrdiff_t wholeBytes() const noexcept { return nul_ - line_; }
+
+  /// Bytes of the stream that the last line was made from: one more if it ended in CR LF. Valid
+  /// until the next call.
   std::ptrdiff_t sourceBytes() const noexcept { return begin_ - line_; }
 
   /// Starts again at the beginning of the file.
@@ -44,13 +47,13 @@ class LineReader {
 
   std::FILE* stream_;
   bool areJoined_;
-  char* line_;    // last delivered
-  char* begin_;   // what was not delivered yet
-  char* end_;     // of it; a byte of room is behind
-  char* nul_;     // behind the line last delivered
-  char behind_;   // what the NUL stands in the place of
-  bool isAtEnd_;  // nothing is left in the file
-  bool hasNul_;   // in the buffer, of the file's own
+  char* line_;    // the last line returned
+  char* begin_;   // of the bytes that are in the buffer and not returned yet
+  char* end_;     // of these bytes; one byte of room follows
+  char* nul_;     // the NUL that was put behind the last line
+  char behind_;   // the byte that this NUL has replaced
+  bool isAtEnd_;  // the whole file has been read
+  bool hasNul_;   // the file itself has a NUL in the buffer
   char buffer_[kRoom + 1];
 };
 

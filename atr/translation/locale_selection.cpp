@@ -1,5 +1,5 @@
-// From the environment to the process locale and to a dictionary file. The locale is published
-// before the search, so that it is told also where there is no dictionary.
+// Selects the process locale and a dictionary file by the environment. The locale is published
+// before the search for the dictionary, so that it is known even if no dictionary is found.
 #include "atr/translation/locale_selection.h"
 
 #include <climits>
@@ -31,8 +31,8 @@ void atr_setDefaultLocale(SelectionWatch& watch) {
   }
 }
 
-// The buffer lives as long as the process, whose environment may keep pointing at it. A name that
-// does not fit is cut.
+// The buffer is static because the environment may keep a pointer to it for the life of the
+// process. A name that does not fit is cut off.
 void publishLocale() {
   static char variable[4096];
   char const* const name = std::setlocale(LC_ALL, nullptr);
@@ -52,7 +52,7 @@ void setTranslatedLocale(SelectionWatch& watch) {
   setLocale(LC_NUMERIC, "C", watch);
 }
 
-// Where the dictionary is under a search directory; sets the locale on the way in translated mode.
+// The path of the dictionary below a search directory. In translated mode this sets the locale too.
 atr_StringBasePrv relativePath(SelectionWatch& watch) {
   bool const isSupported = std::getenv("ZELTRA_SUPPORTED_LOCALE") != nullptr;
   char const* const dictionary = std::getenv("ZELTRA_TRANSLATION_DICTIONARY");
@@ -67,7 +67,7 @@ atr_StringBasePrv relativePath(SelectionWatch& watch) {
 
 using List = std::unique_ptr<char, MemoryRelease>;
 
-// The entries of both variables in one writable block, or null without ZEL_PATH or memory.
+// The directories of both variables in one writable block; null without ZEL_PATH or without memory.
 List searchList() {
   char const* const path = std::getenv("ZEL_PATH");
   if (path == nullptr) return nullptr;
@@ -84,8 +84,8 @@ List searchList() {
   return list;
 }
 
-// The next entry that is not empty, cut off with a NUL, or null. Moves `rest` behind it. As strtok,
-// without touching the state of a client's own walk.
+// Splits the next directory that is not empty off `rest` and moves `rest` behind it; null at the
+// end. It splits as strtok does, whose hidden state may be in use by a client's own loop.
 char const* nextEntry(char*& rest) noexcept {
   while (*rest == platform::listSeparator) ++rest;
   if (*rest == '\0') return nullptr;

@@ -1,4 +1,4 @@
-// How the environment selects locale and dictionary, step by step, for who wants to tell of it.
+// The selection of locale and dictionary with an observer, for a program that explains the steps.
 #ifndef ATR_TRANSLATION_LOCALE_SELECTION_H
 #define ATR_TRANSLATION_LOCALE_SELECTION_H
 
@@ -6,7 +6,8 @@
 
 namespace atr {
 
-/// Is told of each step of a selection, when it has been done. Does nothing by itself.
+/// Observes a selection: each function is called after the step it stands for. The base class does
+/// nothing.
 class SelectionWatch {
  public:
   SelectionWatch() = default;
@@ -14,17 +15,17 @@ class SelectionWatch {
   SelectionWatch& operator=(SelectionWatch const&) = delete;
   virtual ~SelectionWatch() = default;
 
-  /// @param dictionary its path below a search directory.
+  /// The mode was decided. @param dictionary the path of the file below a search directory.
   virtual void onMode(bool /*isTranslated*/, char const* /*dictionary*/) {}
 
-  /// A call of setlocale: the category, the name that was asked for and the answer, null for none.
+  /// setlocale was called. @param answer what it returned: null if it knows no such locale.
   virtual void onLocale(int /*category*/, char const* /*name*/, char const* /*answer*/) {}
 
-  /// A file that was tried.
+  /// A candidate for the dictionary was tried.
   virtual void onCandidate(char const* /*path*/, bool /*isOpened*/) {}
 };
 
-/// Does what atr_setlocale does, and tells of it.
+/// Does what atr_setlocale does, and reports each step to `watch`.
 bool selectDictionary(atr_StringBase* path, SelectionWatch& watch);
 
 }  // namespace atr

@@ -1,5 +1,5 @@
-// A key that is found is answered by the table alone: the tail rule and the encoding are for keys
-// that stand for themselves.
+// A key that is in the table is answered by the table alone. The tail is cut off, and the text
+// converted, only for a key that stands for itself.
 #include "atr/translation/message_lookup.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ using namespace atr;
 
 namespace {
 
-constexpr char kTail[] = "\\@";  // what follows tells two meanings of one text apart
+constexpr char kTail[] = "\\@";  // what follows it tells two meanings of the same text apart
 constexpr char kSubstitute = '?';
 
 int encode(MessageText const& message, unsigned char* out) noexcept {
@@ -32,7 +32,7 @@ std::string_view withoutTail(std::string_view key) noexcept {
   return hasBackslash ? key.substr(0, key.find(kTail)) : key;
 }
 
-// By words, of which the last overlaps the one before.
+// A word at a time. The last word overlaps the one before, which saves a loop over the rest.
 bool isAscii(std::string_view text) noexcept {
   char const* p = text.data();
   char const* const end = p + text.size();
@@ -46,13 +46,15 @@ bool isAscii(std::string_view text) noexcept {
   return (bits & kHighBits) == 0;
 }
 
-// Codes that may be written as a NUL end in twelve bits of zero: 0 itself in an overlong form, and
-// on a platform that keeps 16 bits of a code the multiples of 0x10000.
+// Some codes are written as a NUL in another encoding: 0 in an overlong form, and multiples of
+// 0x10000 where the platform keeps 16 bits of a code. The lowest twelve bits of all of these are
+// zero, which are two continuation bytes 0x80, or 0xC0 0x80. A quick test, which may be wrong only
+// in saying yes.
 bool mayEncodeNul(std::string_view text) noexcept {
   return text.find("\x80\x80") != text.npos || text.find("\xC0\x80") != text.npos;
 }
 
-// Bytes of good UTF-8 in front of the first character that is written as a NUL.
+// Bytes of valid UTF-8 in front of the first character that is written as a NUL.
 std::size_t bytesBeforeNul(std::string_view text) noexcept {
   EncodingOps const& from = atr_encoding_row(EncodingUtf8);
   EncodingOps const& to = atr_encoding_row(EncodingLocale);
@@ -66,7 +68,7 @@ std::size_t bytesBeforeNul(std::string_view text) noexcept {
   return static_cast<std::size_t>(p - begin);
 }
 
-// A text ends at its first NUL, that of its encoded form too.
+// What a key without a translation shows. Its encoded form ends at a NUL of its own, if it has one.
 MessageText ownText(std::string_view key) noexcept {
   std::string_view const text = withoutTail(key);
   MessageText message = {text.data(), text.size(), 0};

@@ -1,5 +1,5 @@
-// The build of the table: locale and file, reader, order. What keeps it from being built leaves it
-// tried and empty.
+// Builds the table: select the locale and the file, read it, sort the entries. If any step fails,
+// the table becomes "tried and empty", so that the next call does not try again.
 #include <cstdio>
 #include <memory>
 
