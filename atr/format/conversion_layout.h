@@ -1,4 +1,4 @@
-// Flags, width and precision of a conversion specification, bounded.
+// Flags, width and precision of a conversion, with an upper bound.
 #ifndef ATR_FORMAT_CONVERSION_LAYOUT_H
 #define ATR_FORMAT_CONVERSION_LAYOUT_H
 
@@ -9,29 +9,29 @@
 
 namespace atr {
 
-/// More than a message has use for; a dictionary can ask for millions, which some runtimes do not
-/// survive.
+/// The largest width and precision of a number. No message needs more, and a dictionary could ask
+/// for millions, at which some C runtimes crash.
 constexpr int kMaxField = 1023;
 
-/// How a number stands in its field.
+/// How a number is laid out in its field.
 struct ConversionLayout {
   bool isLeft = false;
   bool isZeroPadded = false;
   int width = 0;
-  int precision = -1;  // none
+  int precision = -1;  // negative: none
 };
 
-/// True for a conversion specification of `%` and a letter alone.
+/// True if `format` is only `%` and a letter.
 inline bool isPlain(char const* format) noexcept { return format[2] == '\0'; }
 
-/// The letter of a conversion specification, which has one.
+/// The letter that ends `format`. @pre there is one.
 inline char letterOf(char const* format) noexcept {
   return isPlain(format) ? format[1] : format[std::strlen(format) - 1];
 }
 
-/// Reads `%` { "-" | "0" } [ width ] [ "." [ precision ] ]. A template may have put `l` anywhere;
-/// an argument's size does not come from there, so they are passed over. What else stands between
-/// the precision and the letter does not count.
+/// Reads `%` { "-" | "0" } [ width ] [ "." [ precision ] ]. A template may have an `l` anywhere; it
+/// is skipped, because the size of a value is known from its type. Whatever else stands between the
+/// precision and the letter is ignored.
 inline ConversionLayout parseLayout(char const* format) noexcept {
   if (isPlain(format)) return {};
   char const* p = format + 1;

@@ -1,4 +1,4 @@
-// Text work on one specification; nothing is printed here.
+// Builds printf formats from one conversion; nothing is printed here.
 #include "atr/format/fmt.h"
 
 #include <cinttypes>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The runtime library's own word for 64 bits stands before the letter in its macros.
+// The C runtime's own length modifier for 64 bits, which its macros put before the letter.
 constexpr char kInt64[] = PRId64;
 constexpr std::size_t kInt64Bytes = sizeof kInt64 - 2;
 

@@ -1,22 +1,22 @@
-// One conversion specification, and the printf formats that are made from it.
+// One conversion and the printf formats that are made from it.
 #ifndef ATR_FORMAT_FMT_H
 #define ATR_FORMAT_FMT_H
 
 #include "atr/frame/export.h"
 
-/// A short-lived wrapper of a conversion specification: `%`, run, letter. It belongs to one thread.
+/// A short-lived wrapper of a conversion: `%`, layout, letter. It belongs to one thread.
 class atr_Fmt {
  public:
-  /// The length modifier that goes before the letter. Any other value is as DataInt.
+  /// The length modifier that goes before the letter. Any other value counts as DataInt.
   enum DataSize : int {
     DataInt = 0,    ///< none
     DataShort = 1,  ///< `h`
-    DataInt64 = 2,  ///< that of a 64-bit integer before `X d o u x`, none before another letter
+    DataInt64 = 2,  ///< that of 64-bit integers before `X d o u x`, none before other letters
     DataShortUnsigned = 3  ///< `h`
   };
 
   /// @param format borrowed for the life of the object. With null, only destruction is allowed.
-  /// @pre `format` is null or has a `%` and a letter at the least.
+  /// @pre `format` is null, or has at least a `%` and a letter.
   ATR_API atr_Fmt(char const* format);
   ATR_API ~atr_Fmt();
 
@@ -26,11 +26,12 @@ class atr_Fmt {
   /// The letter of the conversion.
   ATR_API char Letter();
 
-  /// The whole specification with the modifier put in and, if it is not 0, `letter` in the place of
-  /// its own. Borrowed until the next call of this or of FormatNoWidth, or the object's end.
+  /// The whole conversion with the length modifier inserted and, if `letter` is not 0, with that
+  /// letter in place of its own. Borrowed until the next call of this function or of FormatNoWidth,
+  /// or until the object ends.
   ATR_API char const* Format(DataSize size, char letter);
 
-  /// `%`, modifier and letter alone, likewise.
+  /// The same without flags, width and precision: only `%`, the length modifier and the letter.
   ATR_API char const* FormatNoWidth(DataSize size, char letter);
 
  private:

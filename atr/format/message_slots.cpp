@@ -1,4 +1,4 @@
-// Values that have become texts go into their slots here, and texts are fitted into their fields.
+// Puts the text of a value into its slot, and fits a text into the field its conversion asks for.
 #include "atr/format/message_slots.h"
 
 #include <algorithm>
@@ -14,14 +14,14 @@ using namespace atr;
 
 namespace {
 
-// How a text stands in its field. Unlike a number's, its width and precision have no bound.
+// How a text is laid out in its field. Unlike those of a number, width and precision have no bound.
 struct TextLayout {
   bool isLeft = false;
-  int width = -1;      // none
-  int precision = -1;  // none
+  int width = -1;      // negative: none
+  int precision = -1;  // negative: none
 };
 
-// What scanf's %d takes: blanks, a sign, digits. `value` stays if there are none.
+// Reads what %d of scanf reads: blanks, a sign, digits. Without digits `value` is unchanged.
 bool scanInt(char const*& p, int& value) noexcept {
   char const* q = p + std::strspn(p, " \t\n\v\f\r");
   bool const isNegative = *q == '-';
@@ -52,7 +52,7 @@ char* newText(char const* text, std::size_t bytes) {
   return block;
 }
 
-// [ blanks | text | NUL ] or, to the left, [ text | blanks | NUL ], of `total` bytes and the NUL.
+// A new block of `total` bytes and a NUL: [ blanks | text ], or to the left [ text | blanks ].
 char* newField(char const* text, std::size_t used, std::size_t total, bool isLeft) {
   auto* const block = static_cast<char*>(::operator new(total + 1));
   std::memset(block + (isLeft ? used : 0), ' ', total - used);
@@ -84,8 +84,8 @@ void MessageSlots::putField(atr_translate& message, Slot& slot, char const* text
   TextLayout const layout = parseTextLayout(format);
   std::size_t const used =
       layout.precision < 0 ? length : std::min(static_cast<std::size_t>(layout.precision), length);
-  // A width from a template is anybody's number. A field that no string can hold is refused before
-  // anything changes.
+  // The width may come from a dictionary and be any number. A field longer than a string can be is
+  // refused here, before anything has changed.
   std::size_t const total = std::max(static_cast<std::size_t>(std::max(layout.width, 0)), used);
   checkedLength(total);
   take(message, slot, newField(value, used, total, layout.isLeft), total);

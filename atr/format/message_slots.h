@@ -1,4 +1,4 @@
-// What the functions that turn values into texts do with a message beside its public face.
+// The private access to a message for the functions that turn values into texts.
 #ifndef ATR_FORMAT_MESSAGE_SLOTS_H
 #define ATR_FORMAT_MESSAGE_SLOTS_H
 
@@ -14,14 +14,14 @@ struct MessageSlots {
   /// The slot at `position`, or null for an illegal one.
   static Slot* at(atr_translate const& message, int position) { return message.slotAt(position); }
 
-  /// Makes a block of operator new, with `bytes` bytes of text and a NUL, the substitution of the
-  /// slot. What was there goes only now, so that a text may come from the slot that it goes into.
+  /// Makes `block` the substitution of the slot: from operator new, `bytes` bytes of text and a
+  /// NUL. Frees the previous one only now, because the new text may have been copied from it.
   static void take(atr_translate& message, Slot& slot, char* block, std::size_t bytes) noexcept;
 
-  /// The same with a copy of `text`.
+  /// The same with a copy of `text`. Throws std::bad_alloc with nothing changed.
   static void put(atr_translate& message, Slot& slot, char const* text, std::size_t bytes);
 
-  /// As AddSubstitution.
+  /// Does what atr_translate::AddSubstitution does, for a slot.
   static void putField(atr_translate& message, Slot& slot, char const* text, char const* format);
 };
 

@@ -1,4 +1,4 @@
-// Fields are bounded before a number is printed, so that every text fits its room.
+// Width and precision have been bounded before they come here, so every number fits the buffer.
 #include "atr/format/number_text.h"
 
 #include <charconv>
@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::size_t kDigitRoom = 24;  // 2^64 in octal has 22 digits
 
-// Writes the digits of a number, none for 0, and answers where they end.
+// Writes the digits of a number and returns where they end. 0 has no digits: the precision decides
+// how many zeros are shown.
 char* writeDigits(char (&out)[kDigitRoom], char letter, unsigned long long value) noexcept {
   if (value == 0) return out;
   int const base = letter == 'o' ? 8 : letter == 'x' || letter == 'X' ? 16 : 10;
@@ -62,7 +63,8 @@ void NumberText::fixExponent() noexcept {
   bytes_ -= static_cast<std::size_t>(shortenExponent(text_));
 }
 
-// A negative width stands for the flag `-`, and a negative precision for none.
+// snprintf takes a negative width for the flag `-` and a negative precision for none. Each format
+// is a literal, so that the compiler checks it and no template can change it.
 void NumberText::printDouble(ConversionLayout const& layout, char letter, double value) noexcept {
   bool const zeros = layout.isZeroPadded;
   int const width = layout.isLeft ? -layout.width : layout.width;

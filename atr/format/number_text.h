@@ -1,5 +1,5 @@
-// Numbers as text, in the way of printf. No template reaches printf as a format: integers are
-// written here, and floating-point numbers go by literal formats.
+// Numbers as text, as printf would write them. A template never reaches printf as its format:
+// integers are written here, and floating-point numbers use literal formats.
 #ifndef ATR_FORMAT_NUMBER_TEXT_H
 #define ATR_FORMAT_NUMBER_TEXT_H
 
@@ -9,8 +9,8 @@
 
 namespace atr {
 
-/// The text of one number, NUL-terminated, and its bytes. The room holds the longest `double`
-/// beside a full field.
+/// The text of one number, NUL-terminated, and its length in bytes. The buffer holds the longest
+/// `double` (309 digits before the point) with the largest precision.
 class NumberText {
  public:
   NumberText() noexcept { text_[0] = '\0'; }
@@ -21,14 +21,14 @@ class NumberText {
   /// Takes the 0 out of a three-digit exponent.
   void fixExponent() noexcept;
 
-  /// `magnitude` with a minus sign if it `isNegative`, by one of the letters `d u o x X`.
+  /// Prints `magnitude`, with a minus sign if `isNegative`, for one of the letters `d u o x X`.
   void printInteger(ConversionLayout const& layout, char letter, bool isNegative,
                     unsigned long long magnitude) noexcept;
 
-  /// One byte, as `%c` has it: a NUL ends the text.
+  /// Prints one byte as `%c` does. A NUL ends the text.
   void printCharacter(ConversionLayout const& layout, char byte) noexcept;
 
-  /// By one of the letters `E e f g`. The decimal point is the process locale's.
+  /// Prints `value` for one of the letters `E e f g`, with the decimal point of the process locale.
   void printDouble(ConversionLayout const& layout, char letter, double value) noexcept;
 
  private:

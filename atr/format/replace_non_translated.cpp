@@ -1,4 +1,4 @@
-// A value straight into a text that does not go through the table: one search, one replacement.
+// Puts a value into a text that is not translated: replaces the first placeholder found.
 #include <cstdio>
 
 #include "atr/strings/string.h"
@@ -6,7 +6,7 @@
 
 namespace {
 
-// The placeholder as it is written in the text.
+// The placeholder as it stands in the text: %d, or %2$d with a position.
 atr_StringBasePrv placeholder(int position, char letter) {
   char text[32];
   if (position == 0) {

@@ -1,4 +1,4 @@
-// The index of a message's slots: who has which rank, and where each stands in the compiled text.
+// The index of a message's slots: which slot has which rank, and where each stands in the text.
 #ifndef ATR_FORMAT_SLOT_INDEX_H
 #define ATR_FORMAT_SLOT_INDEX_H
 
@@ -12,25 +12,25 @@ namespace atr {
 
 /// A view of the block that a message's field `sorted` points to:
 ///
-///     sorted -> [ pointer to a slot, by rank ... | place, in template order ... | place of the end
-///     ]
-///                 `count` of them                  `count` of them
+///     sorted -> [ pointers to slots, by rank | places, in template order | place of the end ]
+///                 `count` of them              `count` of them             one
 ///
-/// The field is a plain array of pointers and the message has no other field to spare, so the
-/// places stand behind the pointers. While slots are numbered and no pointer is stored yet, their
-/// marks stand where the pointers will.
+/// The fields of a message are fixed: `sorted` must be an array of pointers, and there is no field
+/// for a second array. So the places follow the pointers in the same block. While the slots are
+/// being numbered no pointer is stored yet, and the memory of the pointers holds the marks.
 class SlotIndex {
  public:
   using Slot = atr_translate::StrArgs;
 
-  /// Where a placeholder stands in the compiled text, which may hold "%s" of its own, and how many
-  /// bytes of substitution go there. The place of the end is where the text ends.
+  /// Where a placeholder "%s" stands in the compiled text, and how many bytes of substitution
+  /// replace it. It cannot be searched for: "%%s" in a template leaves a "%s" that is text. The
+  /// place of the end is where the compiled text ends.
   struct Place {
     std::size_t at;
     std::size_t bytes;
   };
 
-  /// A new block of operator new for `slots` slots. The caller keeps it as `sorted`.
+  /// A new block from operator new for `slots` slots. The caller stores it in `sorted`.
   static Slot** newBlock(std::size_t slots) {
     std::size_t const bytes = slots * (sizeof(Slot*) + sizeof(Place)) + sizeof(Place);
     return static_cast<Slot**>(::operator new(bytes));
@@ -41,10 +41,11 @@ class SlotIndex {
   Slot** pointers() const noexcept { return block_; }
   Place* places() const noexcept { return reinterpret_cast<Place*>(block_ + count_); }
 
-  /// Room for `count` + 1 bytes, as long as no pointer is stored.
+  /// Memory for `count` + 1 bytes, until the first pointer is stored.
   char* marks() const noexcept { return reinterpret_cast<char*>(block_); }
 
-  /// Moves the places to where they stand for `count` slots, which are not more than before.
+  /// Moves the places down to where they belong for `count` slots. @pre `count` is no larger than
+  /// before.
   void closeUp(int count) noexcept {
     Place const* const before = places();
     count_ = count;

@@ -1,4 +1,5 @@
-// One frame for the numbers: the letter decides between an integer, a character and a double.
+// The letter of the conversion decides whether a number is printed as an integer, a character or a
+// double.
 #include "atr/format/substitute_format.h"
 
 #include <charconv>
@@ -25,7 +26,7 @@ void printInteger(NumberText& text, ConversionLayout const& layout, char letter,
   text.printInteger(layout, letter, isNegative, isNegative ? Unsigned{0} - bits : bits);
 }
 
-// The most common conversions print straight into their block.
+// The most common conversions, %d and %u alone, are printed into the slot's block without a copy.
 constexpr std::size_t kDecimalRoom = 24;  // bytes; -2^63 has 20
 
 template <class Int>

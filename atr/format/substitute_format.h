@@ -1,5 +1,6 @@
-// Values for messages. Each function looks at the conversion letter at the position and turns the
-// value into text; a letter that does not suit the value never makes it be read as another type.
+// Puts values into messages. Each function turns its value into text as the letter of the
+// conversion asks. A letter that does not suit the value is safe: the value is converted, never
+// reinterpreted.
 #ifndef ATR_FORMAT_SUBSTITUTE_FORMAT_H
 #define ATR_FORMAT_SUBSTITUTE_FORMAT_H
 
@@ -58,29 +59,29 @@ inline constexpr bool kIsView =
 }  // namespace detail
 }  // namespace atr
 
-/// Puts an integer in. `d u x X o c` keep flags, width and precision of the template, `E e f g`
-/// print the value as a double and `s` as plain decimal, both without them. Fields are cut to 1023.
-/// An illegal position is silent.
+/// Substitutes an integer. `d u x X o c` use the flags, width and precision of the template. `E e f
+/// g` print the value as a double and `s` prints plain decimal; both ignore them. Width and
+/// precision are at most 1023. A position that the message does not have is ignored.
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, int value);
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, unsigned int value);
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, long long value);
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, unsigned long long value);
 
-/// Puts a floating-point number in: `E e f g` as the template has it, any other letter as a plain
-/// `%e`. The decimal point is the process locale's.
+/// Substitutes a floating-point number: `E e f g` as the template asks, any other letter as a plain
+/// `%e`. The decimal point is that of the process locale.
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, double value);
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, float value);
 
-/// Puts a text in, of any length: `s` with the width and precision of the template, in bytes, any
-/// other letter as it is. A null text counts as empty.
+/// Substitutes a text of any length: `s` with the width and precision of the template, in bytes;
+/// any other letter without them. A null text counts as empty.
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, char const* value);
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position,
                                   atr_StringBase const& value);
 
-/// Puts the bits of a pointer in, as an unsigned 64-bit integer: `x` gives hexadecimal.
+/// Substitutes the bits of a pointer, as an unsigned 64-bit integer: `x` shows hexadecimal.
 ATR_API void atr_SubstituteFormat(atr_translate& message, int position, void const* value);
 
-/// A `long` goes as the 64-bit type, so that std::int64_t and std::size_t fit on every platform.
+/// A `long` is passed as a 64-bit type, so std::int64_t and std::size_t work on every platform.
 inline void atr_SubstituteFormat(atr_translate& message, int position, long value) {
   atr_SubstituteFormat(message, position, static_cast<long long>(value));
 }
@@ -88,18 +89,18 @@ inline void atr_SubstituteFormat(atr_translate& message, int position, unsigned 
   atr_SubstituteFormat(message, position, static_cast<unsigned long long>(value));
 }
 
-/// A literal nullptr is a null text.
+/// A literal `nullptr` counts as a null text.
 inline void atr_SubstituteFormat(atr_translate& message, int position, std::nullptr_t) {
   atr_SubstituteFormat(message, position, static_cast<char const*>(nullptr));
 }
 
-/// A class whose `c_str()` is a text, such as std::string, goes as that text.
+/// A class with a `c_str()`, such as std::string, is passed as that text.
 template <class Text, atr::detail::EnableIf<atr::detail::kHasText<Text>> = 0>
 inline void atr_SubstituteFormat(atr_translate& message, int position, Text const& value) {
   atr_SubstituteFormat(message, position, static_cast<char const*>(value.c_str()));
 }
 
-/// A std::string_view goes as a copy that a NUL ends, with atr/std.h.
+/// A std::string_view is passed as a copy with a NUL at its end; this needs atr/std.h.
 template <class View, atr::detail::EnableIf<atr::detail::kIsView<View>> = 0>
 inline void atr_SubstituteFormat(atr_translate& message, int position, View const& value) {
   static_assert(atr::detail::StandardText<View>::kKnown,
@@ -107,7 +108,7 @@ inline void atr_SubstituteFormat(atr_translate& message, int position, View cons
   atr_SubstituteFormat(message, position, atr_String(value.data(), value.size()).c_str());
 }
 
-/// A pointer to characters that are no `char` is refused, since what it shows would be its address.
+/// A pointer to characters other than `char` does not compile: the message would show its address.
 template <class Character, atr::detail::EnableIf<atr::detail::kIsForeignCharacter<Character>> = 0>
 inline void atr_SubstituteFormat(atr_translate&, int, Character const*) {
   static_assert(

@@ -1,7 +1,7 @@
-// The grammar of message templates: one scanner for the library at run time, for the checks of
-// ATR_T at compile time, and for tools that judge dictionaries.
+// The grammar of message templates: one scanner for the library at run time, for ATR_T at compile
+// time, and for tools that check dictionaries, so that the three cannot disagree.
 //
-// What is in namespace atr::detail may change with any version.
+// Everything in namespace atr::detail may change with any version.
 #ifndef ATR_FORMAT_TEMPLATE_GRAMMAR_H
 #define ATR_FORMAT_TEMPLATE_GRAMMAR_H
 
@@ -13,13 +13,13 @@ inline namespace ATR_HEADER_VERSION {
 
 inline constexpr int kMaxInt = 0x7fffffff;
 
-/// The letters that end a conversion, in the order in which messages to people name them.
+/// The letters that end a conversion, in the order in which error messages list them.
 inline constexpr char kConversionLetters[] = "E X c d e f g o s u x";
 
 constexpr bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
 /// The characters between a conversion's number and its letter: flags, width and precision.
-constexpr bool isRunCharacter(char c) noexcept {
+constexpr bool isLayoutCharacter(char c) noexcept {
   return isDigit(c) || c == 'l' || c == '.' || c == '-';
 }
 
@@ -42,7 +42,7 @@ constexpr bool isConversionLetter(char c) noexcept {
   }
 }
 
-/// Reads digits and moves `p` behind them. What an int cannot hold counts as the largest int.
+/// Reads digits and moves `p` behind them. A number too large for an int counts as the largest int.
 constexpr int readNumber(char const*& p) noexcept {
   long long value = 0;
   for (; isDigit(*p); ++p) {
@@ -52,35 +52,35 @@ constexpr int readNumber(char const*& p) noexcept {
   return static_cast<int>(value);
 }
 
-/// A piece of a template from a percent sign on.
+/// A piece of a template that begins with a percent sign.
 ///
 ///     % 2 $ - 8 . 3 s
 ///     |     |       letter
-///     |     run
+///     |     layout
 ///     percent
 struct Conversion {
   static constexpr int kNoNumber = -10000;
 
   int number;           ///< the number before `$`, or kNoNumber
   char const* percent;  ///< the percent sign
-  char const* run;      ///< the first character of flags, width and precision
-  char const* letter;   ///< the character that ends the run
+  char const* layout;   ///< the first character of flags, width and precision
+  char const* letter;   ///< the character that ends the layout
 };
 
-/// Hands the pieces of [p, end) to `sink` in their order:
+/// Splits [p, end) into pieces and calls `sink` for each, in order:
 ///
 /// - `sink.text(begin, end)`: a piece of text, which may be empty, with `%%` reduced to `%`;
 /// - `sink.conversion(c)`: a conversion;
-/// - `sink.lost(c)`: a piece that leaves nothing behind, since the character at `c.letter` is no
-///   conversion letter, or is the end of the template. That character itself is text.
+/// - `sink.lost(c)`: a piece that vanishes, because the character at `c.letter` is no conversion
+///   letter, or is the end of the template. That character itself is text.
 ///
-/// The syntax, where any other character in the place of `letter` makes the piece a lost one:
+/// The syntax; with any other character in place of `letter` the piece is lost:
 ///
 ///     template   = { text | "%%" | conversion }
-///     conversion = "%" [ digits "$" ] run letter
+///     conversion = "%" [ digits "$" ] layout letter
 ///
-/// @param find `find(p, end)` is the first percent sign in [p, end), or `end`. The library searches
-///   by words, which a constant expression cannot.
+/// @param find `find(p, end)` returns the first percent sign in [p, end), or `end`. The library
+///   passes one that searches eight bytes at a time, which a constant expression cannot do.
 /// @pre `*end` can be read, and is no character of a conversion.
 template <class Find, class Sink>
 constexpr void scanTemplate(char const* p, char const* end, Find const& find, Sink& sink) {
@@ -93,18 +93,18 @@ constexpr void scanTemplate(char const* p, char const* end, Find const& find, Si
     pending = ++p;
     if (p == end) return sink.lost(conversion);
     if (*p == '%') {
-      ++p;  // and the second of the pair stays pending
+      ++p;  // the second percent sign belongs to the next piece of text
       continue;
     }
     int const number = readNumber(p);
     if (*p == '$') {
-      if (p != conversion.run) conversion.number = number;
-      conversion.run = ++p;
+      if (p != conversion.layout) conversion.number = number;
+      conversion.layout = ++p;
     }
-    while (isRunCharacter(*p)) ++p;
+    while (isLayoutCharacter(*p)) ++p;
     conversion.letter = p;
     if (p == end) return sink.lost(conversion);
-    pending = p;  // a character that makes it no conversion stays, and is not looked at again
+    pending = p;  // a character that is no letter is text, even if it is a percent sign
     if (isConversionLetter(*p)) {
       sink.conversion(conversion);
       ++pending;
@@ -116,16 +116,16 @@ constexpr void scanTemplate(char const* p, char const* end, Find const& find, Si
   sink.text(pending, end);
 }
 
-/// The search for percent signs that a constant expression can do.
+/// The plain search for a percent sign, which a constant expression can use.
 constexpr char const* findPercentByBytes(char const* p, char const* end) noexcept {
   while (p != end && *p != '%') ++p;
   return p;
 }
 
-/// Gives the slots without a number, from left to right, the numbers from 1 up that no slot holds.
-/// A value's rank is the place of its slot in the order of these numbers, from 1.
-/// @param slots `count` of a type with an int `position`: a number, or Conversion::kNoNumber.
-/// @param marks room for `count` + 1 bytes.
+/// Numbers the slots that have no number: from left to right, with the numbers from 1 up that no
+/// other slot has. The rank of a slot is its place, from 1, when all are sorted by their numbers.
+/// @param slots `count` objects with an int `position`: a number, or Conversion::kNoNumber.
+/// @param marks memory for `count` + 1 bytes.
 template <class Slot>
 constexpr void numberSlots(Slot* slots, int count, char* marks) noexcept {
   for (int i = 0; i <= count; ++i) marks[i] = 0;

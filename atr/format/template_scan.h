@@ -1,5 +1,5 @@
-// The scan of templates as the library does it: the grammar with a search for percent signs that
-// looks at eight bytes at a time.
+// The library's own scan of templates: the grammar with a search for percent signs that examines
+// eight bytes at a time.
 #ifndef ATR_FORMAT_TEMPLATE_SCAN_H
 #define ATR_FORMAT_TEMPLATE_SCAN_H
 
@@ -24,7 +24,7 @@ inline char const* findPercent(char const* p, char const* end) noexcept {
   return detail::findPercentByBytes(p, end);
 }
 
-/// As detail::scanTemplate, by words.
+/// Does what detail::scanTemplate does, with the fast search.
 template <class Sink>
 void scanTemplate(char const* p, char const* end, Sink& sink) {
   detail::scanTemplate(
@@ -32,7 +32,7 @@ void scanTemplate(char const* p, char const* end, Sink& sink) {
       sink);
 }
 
-/// The counting pass: an upper bound of the conversions in [p, end).
+/// An upper bound of the number of conversions in [p, end): memory is allocated for that many.
 inline std::size_t countPercents(char const* p, char const* end) noexcept {
   std::size_t count = 0;
   while ((p = findPercent(p, end)), end - p >= 2) {

@@ -1,4 +1,4 @@
-// The message: its parse, done once, and its result.
+// A message parses its template once, when it is made, and builds its result when it is asked.
 #include "atr/format/translate.h"
 
 #include <algorithm>
@@ -28,21 +28,22 @@ char* newBlock(std::size_t bytes) { return static_cast<char*>(::operator new(byt
 
 // --- the pass over a template -----------------------------------------------------------------
 
-// `%`, run and letter, without an `l` directly before the letter.
+// Copies `%`, layout and letter, without an `l` directly before the letter.
 char* copyFormat(Conversion const& conversion) {
-  auto runBytes = static_cast<std::size_t>(conversion.letter - conversion.run);
-  char* const format = newBlock(runBytes + 3);
+  auto layoutBytes = static_cast<std::size_t>(conversion.letter - conversion.layout);
+  char* const format = newBlock(layoutBytes + 3);
   format[0] = '%';
-  if (runBytes > 0) {
-    copyBytes(format + 1, conversion.run, runBytes);
-    if (format[runBytes] == 'l') --runBytes;
+  if (layoutBytes > 0) {
+    copyBytes(format + 1, conversion.layout, layoutBytes);
+    if (format[layoutBytes] == 'l') --layoutBytes;
   }
-  format[runBytes + 1] = *conversion.letter;
-  format[runBytes + 2] = '\0';
+  format[layoutBytes + 1] = *conversion.letter;
+  format[layoutBytes + 2] = '\0';
   return format;
 }
 
-// Writes no further than the template has been read, so that the compiled text may take its place.
+// Compiles the template. It never writes beyond what has been read, so the compiled text may
+// overwrite the template that it is made from.
 struct Compile {
   void text(char const* begin, char const* end) noexcept {
     auto const bytes = static_cast<std::size_t>(end - begin);
@@ -79,7 +80,7 @@ atr_translate::StrArgs::~StrArgs() {
 atr_translate::atr_translate() noexcept
     : source(nullptr), count(0), args(nullptr), sorted(nullptr), compiled(nullptr) {}
 
-// An exception on the way finds an object whose destructor runs.
+// Delegates to the other constructor, so that the destructor runs if an exception follows.
 atr_translate::atr_translate(char const* text) : atr_translate() {
   source = text;
   if (text == nullptr) return;
@@ -99,9 +100,9 @@ atr_translate::~atr_translate() {
   ::operator delete(compiled);
 }
 
-// Compiles the template into `compiled`, where it may stand already: a placeholder is no longer
-// than the shortest conversion, so that the text never grows and its length bounds the block. The
-// index is made for every percent sign; if some of them begin no conversion, it closes up.
+// Compiles the template into `compiled`, where it may stand already. No conversion is shorter than
+// the placeholder that replaces it, so the text never grows and a block of its length is enough.
+// The index is made for every percent sign, and is closed up if some of them begin no conversion.
 void atr_translate::parse(char const* text, char const* end) {
   std::size_t const slots = countPercents(text, end);
   if (slots > 0) {
@@ -109,7 +110,7 @@ void atr_translate::parse(char const* text, char const* end) {
     std::uninitialized_default_construct_n(args, slots);
     sorted = SlotIndex::newBlock(slots);
   }
-  count = static_cast<int>(slots);  // should memory run out on the way, all of them go
+  count = static_cast<int>(slots);  // so the destructor frees them all if memory runs out
   SlotIndex index(sorted, count);
   Compile compile{compiled, compiled, index.places(), args};
   scanTemplate(text, end, compile);
@@ -125,7 +126,8 @@ void atr_translate::parse(char const* text, char const* end) {
 
 namespace {
 
-// Not stable: these steps fix the order in which equal numbers end.
+// Shell sort is not stable: its exact steps define the order of slots with equal numbers, so no
+// other sort can replace it.
 template <class Compare>
 void ShellSort(atr_translate::StrArgs** base, int n, Compare compare) {
   for (int gap = n >> 1; gap > 0; gap >>= 1) {
@@ -158,7 +160,7 @@ void atr_translate::sortSlots(bool hasUnnumbered) {
 
 // --- values -----------------------------------------------------------------------------------
 
-// Nothing to tell: a translation may leave out what the program offers.
+// Says nothing: a translation may leave out a value that the program offers.
 void atr_translate::ReportIllegalPosition(int /*position*/) const {}
 
 atr_translate::StrArgs* atr_translate::slotAt(int position) const {
@@ -183,7 +185,7 @@ char* copy(char* out, char const* text, std::size_t bytes) noexcept {
 
 }  // namespace
 
-// Built in one representation of the exact length.
+// Computes the exact length first, so that the result is allocated once.
 atr_String atr_translate::Result() const {
   if (count == 0) return atr_StringFromText(compiled);
   SlotIndex::Place const* const places = SlotIndex(sorted, count).places();

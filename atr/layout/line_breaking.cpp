@@ -1,5 +1,5 @@
-// A break takes the place of one white-space byte, so that a folded text is the text itself with
-// some bytes replaced, less a final one at the most. It is folded in place, in a copy made once.
+// A line break replaces one white-space byte. So a folded text is the text itself with some bytes
+// replaced, and at most its final byte missing: it is folded in place, in one copy.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -19,6 +19,7 @@ namespace {
 
 constexpr char kNewline = '\n';
 
+// The test mode and its marker are asked for once, because every step over a word needs them.
 struct TestMarkerCache {
   bool isFilled;
   bool testing;
@@ -39,7 +40,7 @@ std::size_t asSize(std::ptrdiff_t bytes) noexcept { return static_cast<std::size
 
 }  // namespace
 
-// The six of every locale.
+// These six are white space in every locale. isspace would ask the locale for each byte.
 bool atr::isWhiteSpace(char byte) noexcept { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
 
 int atr_skipTestMarker(char const* p, char const* end) noexcept {
@@ -73,7 +74,9 @@ char const* atr::findLineEnd(char const* line, char const* end, std::size_t limi
 
 namespace {
 
-// Eight bytes of which none is a blank or a control character: none of them ends a word.
+// True if each of the eight bytes is above the blank: then none of them ends a word. Subtracting
+// 0x21 borrows into the high bit of every smaller byte. A byte behind a smaller one may be taken
+// for smaller too: the caller then looks at single bytes, so a false "no" only costs time.
 bool isInsideWord(char const* p) noexcept {
   std::uint64_t const word = loadWord(p);
   return ((word - kLowBits * (' ' + 1)) & ~word & kHighBits) == 0;
@@ -96,7 +99,9 @@ namespace {
 
 using FindLineEnd = char const* (*)(char const* line, char const* end, std::size_t limit);
 
-// The look at the test mode fixes it for the process, as the first step over a word does.
+// The fast form skips to the limit, so no marker may occur on the way, and in the codeset no byte
+// within a longer character may look like white space. Asking for the test mode fixes it for the
+// process, just as the first step over a word does.
 FindLineEnd chooseFindLineEnd() noexcept {
   if (!cache.isFilled) fillCache();
   return !cache.testing && platform::currentCodeset() != platform::Codeset::other
@@ -106,10 +111,10 @@ FindLineEnd chooseFindLineEnd() noexcept {
 
 struct Folded {
   int length;    // of the folded text
-  int capacity;  // that a string comes to which is appended line by line
+  int capacity;  // of a string to which the lines were appended one by one
 };
 
-// Breaks the `length` bytes at `line`, which are more than `limit`, in place.
+// Breaks the text of `length` bytes at `line` in place. @pre `length` is above `limit`.
 Folded foldLine(char* line, int length, std::size_t limit) noexcept {
   FindLineEnd const findEnd = chooseFindLineEnd();
   char const* const end = line + length;
@@ -133,7 +138,8 @@ atr_String copyWithRoom(char const* text, int length, int capacity) {
   return copy.finish(copy.begin() + length);
 }
 
-// Gives a folded text the room that it is defined to have, which is mostly what it was folded in.
+// The capacity of a result is defined as if its lines had been appended one by one. Mostly the copy
+// already has it; otherwise the text is copied once more.
 atr_String finish(atr_String&& folded, int length, int capacity) {
   if (!isSameRoom(capacity, static_cast<int>(folded.length()))) {
     return copyWithRoom(folded.c_str(), length, capacity);
@@ -154,7 +160,8 @@ atr_String atr_String::BreakLineString(atr_String const& text, std::size_t limit
   return finish(static_cast<atr_String&&>(result), folded.length, folded.capacity);
 }
 
-// Only the last line can lose its final byte: the others end in a newline, which survives.
+// Each line is folded by itself. Only the last one can lose its final byte, because the others end
+// in a newline, which is kept. So the lines behind a folded line never move.
 atr_String atr_String::AddLineBreaks(atr_String const& text, std::size_t limit, bool keepBreaks) {
   std::size_t const width = std::max<std::size_t>(limit, 1);
   if (text.length() <= width) return text;

@@ -1,4 +1,4 @@
-// The environment decides the mode, the locale the marker, each at its own first call.
+// The environment decides the mode and the locale the marker. Each is fixed by its own first call.
 #include "atr/layout/test_mode.h"
 
 #include <cstdlib>
@@ -8,7 +8,7 @@
 namespace {
 
 constexpr unsigned char TestMarker[] = {0xE3, 0x82, 0xBD, 0xE3, 0x83, 0xBC, 0x00};
-constexpr int kMarkerBound = 63;
+constexpr int kMarkerBound = 63;  // bytes; a longer form is left out, and the marker is empty
 
 int testModeState = -1;  // not yet decided
 char markerBuffer[64];

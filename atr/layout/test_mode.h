@@ -1,5 +1,6 @@
-// The test mode for translated runs. Both answers are worked out once in a process, at the first
-// call, which must not come from two threads at a time.
+// The test mode shows on the screen which texts are translated: a dictionary made for testing puts
+// a marker into each text, and the line breaker does not count it. Both answers are found at the
+// first call and kept for the process; two threads must not make this call at the same time.
 #ifndef ATR_LAYOUT_TEST_MODE_H
 #define ATR_LAYOUT_TEST_MODE_H
 
@@ -9,9 +10,8 @@
 /// call.
 ATR_API bool atr_i18nTesting();
 
-/// The marker that a test run can carry in its texts, the katakana U+30BD U+30FC, in the encoding
-/// of the locale at the first call; empty if that has no form for it. Good to the end of the
-/// process.
+/// The test marker, the two katakana U+30BD U+30FC, in the encoding that the locale had at the
+/// first call; empty if they do not exist there. Valid to the end of the process.
 ATR_API char const* atr_i18nExtraCharacters();
 
 #endif  // ATR_LAYOUT_TEST_MODE_H

@@ -1,4 +1,5 @@
-// Two texts are compared where they first differ, and as numbers if that is in a run of digits.
+// The order of two texts is decided where they first differ: as numbers if digits meet there, else
+// by that byte.
 #include "atr/natural/natural_order.h"
 
 #include <cstddef>
@@ -21,6 +22,8 @@ int naturalOrderFlag = 0;
 
 }  // namespace
 
+// The longer number is the greater one, however the digits before its end compare: so the first
+// difference is only remembered, and counts if the numbers end together.
 int atr_compareRunRight(char const* a, char const* b) noexcept {
   int bias = 0;
   for (;; ++a, ++b) {
@@ -40,20 +43,21 @@ int atr_compareRunLeft(char const* a, char const* b) noexcept {
   }
 }
 
-// Up to the first difference the texts are one text, runs of digits included, and its last run is
-// the only one that can go on in them differently.
+// Everything before the first difference is equal, numbers included, so only the digits around the
+// difference can compare as numbers. They begin at `digits`, before the difference if the two
+// numbers have leading digits in common.
 int strnatcmp(char const* a, char const* b) {
   std::size_t at = 0;
-  std::size_t run = 0;
+  std::size_t digits = 0;
   for (; a[at] == b[at]; ++at) {
     if (a[at] == '\0') return 0;
-    run = isDecimalDigit(a[at]) ? run : at + 1;
+    digits = isDecimalDigit(a[at]) ? digits : at + 1;
   }
-  if (isDecimalDigit(a[run]) && isDecimalDigit(b[run])) {
-    bool const isFraction = a[run] == '0' || b[run] == '0';
-    int const runs =
+  if (isDecimalDigit(a[digits]) && isDecimalDigit(b[digits])) {
+    bool const isFraction = a[digits] == '0' || b[digits] == '0';
+    int const numbers =
         isFraction ? atr_compareRunLeft(a + at, b + at) : atr_compareRunRight(a + at, b + at);
-    if (runs != 0) return runs;
+    if (numbers != 0) return numbers;
   }
   return order(a[at], b[at]);
 }

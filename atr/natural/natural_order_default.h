@@ -1,4 +1,4 @@
-// What a start of the library sets the natural-order flag to.
+// The value of the natural-order flag at a start of the library.
 #ifndef ATR_NATURAL_NATURAL_ORDER_DEFAULT_H
 #define ATR_NATURAL_NATURAL_ORDER_DEFAULT_H
 

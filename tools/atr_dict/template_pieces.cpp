@@ -25,7 +25,7 @@ class Cutter {
     add(TemplatePiece::conversion, c.letter + 1);
     TemplatePiece& piece = pieces_.back();
     piece.position = c.number;
-    piece.run = {c.run, static_cast<std::size_t>(c.letter - c.run)};
+    piece.run = {c.layout, static_cast<std::size_t>(c.letter - c.layout)};
     piece.letter = *c.letter;
   }
 
