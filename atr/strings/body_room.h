@@ -1,6 +1,6 @@
-// How much room a body is given: a short one fills whole units of 32 bytes together with its
-// header, a longer one has none to spare. Also what layout and formatting reckon with when they
-// build in one step what is defined in many.
+// The size of a string's body. A short body and its header together fill whole units of 32 bytes; a
+// long body is exactly as large as its text. Line breaking and messages use the same rules: they
+// build in one step what is defined as many steps, and must end with the same capacity.
 #ifndef ATR_STRINGS_BODY_ROOM_H
 #define ATR_STRINGS_BODY_ROOM_H
 
@@ -13,36 +13,36 @@ namespace atr {
 constexpr int kHeaderBytes = 12;
 constexpr int kUnitBytes = 32;      // an inline representation fills whole units
 constexpr int kMaxInlineUnits = 7;  // beside the first one
-constexpr int kUnitRounding = 17;   // bytes added to a capacity before it is cut to units
+constexpr int kUnitRounding = 17;   // bytes added to a capacity before it is rounded down to units
 constexpr int kMaxInlineCapacity = kUnitBytes * (kMaxInlineUnits + 1) - 1 - kUnitRounding;
 constexpr int kMaxCapacity = INT_MAX - 1;  // an int counts the text and its NUL
 
-/// The `size` of an inline representation: what whole units leave beside the header.
+/// The `size` of an inline representation: whole units without the header.
 constexpr int inlineBodySize(int capacity) noexcept {
   return ((capacity + kUnitRounding) & -kUnitBytes) + kUnitBytes - kHeaderBytes;
 }
 
-/// The `size` of a representation that is made for `capacity` bytes of text. An int holds it up to
-/// kMaxCapacity; a borrowed text may be a byte longer.
+/// The `size` of a representation made for `capacity` bytes of text. The result has 64 bits because
+/// a borrowed text may be one byte longer than kMaxCapacity.
 constexpr std::int64_t bodySize(int capacity) noexcept {
   return capacity <= kMaxInlineCapacity ? inlineBodySize(capacity) : std::int64_t{capacity} + 1;
 }
 
-/// True if both capacities lead to bodies of one size and kind. An inline body of 244 bytes and a
-/// separate one of 244 are told apart.
+/// True if both capacities give bodies of the same size and kind: an inline body of 244 bytes and a
+/// separate body of 244 bytes are not the same.
 constexpr bool isSameRoom(int capacity, int other) noexcept {
   bool const areInline = capacity <= kMaxInlineCapacity;
   return bodySize(capacity) == bodySize(other) && areInline == (other <= kMaxInlineCapacity);
 }
 
-/// A length that a string can have, or std::bad_alloc. A count of any integer type.
+/// Converts a length to int, or throws std::bad_alloc if no string can be that long.
 template <class Bytes>
 int checkedLength(Bytes bytes) {
   if (bytes > Bytes{kMaxCapacity}) throw std::bad_alloc();
   return static_cast<int>(bytes);
 }
 
-/// What a sole owner's room comes to when it grows text by text, without the blocks in between.
+/// The capacity that a string has after it has grown in steps, computed without making the steps.
 class BodyRoom {
  public:
   /// The text grows to `length` bytes.
@@ -50,7 +50,7 @@ class BodyRoom {
     if (capacity_ < 0 || bodySize(capacity_) <= length) capacity_ = length;
   }
 
-  /// The capacity that the last move asked for.
+  /// The capacity that the last move to a larger body asked for.
   int capacity() const noexcept { return capacity_; }
 
  private:

@@ -1,5 +1,5 @@
-// The one repair of printed numbers: a runtime library may print three exponent digits where two
-// do.
+// A repair of printed numbers: some C runtimes print three digits of an exponent where two are
+// enough.
 #ifndef ATR_STRINGS_EXPONENT_H
 #define ATR_STRINGS_EXPONENT_H
 
@@ -7,9 +7,9 @@
 
 namespace atr {
 
-/// Takes the 0 out of an exponent such as e+005 that ends `text`; the first `e` counts, an `E` does
-/// not. Three digits are required, since two digits and a blank are an exponent that is
-/// left-justified in its field.
+/// Removes the 0 from an exponent such as e+005 at the end of `text`. Only the first `e` is looked
+/// at, and no `E`. All three characters must be digits: in a left-justified field the third one may
+/// be a blank behind an exponent of two digits.
 /// @return the bytes removed, 0 or 1.
 inline int shortenExponent(char* text) noexcept {
   auto const isDigit = [](char c) noexcept { return c >= '0' && c <= '9'; };

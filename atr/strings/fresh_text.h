@@ -1,4 +1,4 @@
-// A string whose maker writes its text straight into the body.
+// A string under construction, whose maker writes the text directly into the body.
 #ifndef ATR_STRINGS_FRESH_TEXT_H
 #define ATR_STRINGS_FRESH_TEXT_H
 
@@ -6,16 +6,16 @@
 
 namespace atr {
 
-/// Room for a text in one representation of its own, until it is finished.
+/// A new string of its own that is being filled; finish() turns it into an atr_String.
 class FreshText : private atr_String {
  public:
-  /// @param capacity bytes that the text may come to.
+  /// @param capacity the largest length of the text, in bytes.
   explicit FreshText(int capacity) : atr_String(capacity, PreSize) {}
 
-  /// The body: room for the capacity and a NUL.
+  /// The body: `capacity` bytes and one for the NUL.
   char* begin() noexcept { return body; }
 
-  /// Ends the text before `end`, a place in the room, and gives it away.
+  /// Ends the text at `end`, a position in the body, and hands the string over.
   atr_String finish(char* end) noexcept {
     *end = '\0';
     rep->length = static_cast<int>(end - body);

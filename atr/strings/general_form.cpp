@@ -1,7 +1,10 @@
-// The shortest decimal that only this double is read from costs half of its exact digits, and gives
-// the same text. If it has more digits than are wanted, it rounds as they do: a midpoint between
-// the two would be as short and closer; only where it is a midpoint itself the exact digits have to
-// tell. If it has no more, it is what they round to, since doubles tell 15 digits apart.
+// Rounds the shortest round-trip decimal instead of the exact digits, in half the time.
+//
+// If it has more digits than are wanted, both round to the same text: a rounding midpoint between
+// the two would be no longer and nearer to the double, so it would be the shortest decimal. If the
+// shortest decimal *is* a midpoint, the exact digits decide. If it has no more digits than are
+// wanted, it is itself what the exact digits round to, because a double tells all decimals of 15
+// digits apart.
 #include "atr/strings/general_form.h"
 
 #include <algorithm>
@@ -17,8 +20,8 @@ namespace {
 
 constexpr int kRoom = 24;  // a sign, 17 digits, a point and an exponent
 
-// digit . digits times ten to the exponent. Counts are unsigned: where an optimiser of the whole
-// program sees them become sizes, it warns of signed ones.
+// digit . digits x 10^exponent. The count is unsigned because it becomes a size: link-time
+// optimisation warns of signed ones.
 struct Decimal {
   char digits[kRoom];
   unsigned int count;
@@ -30,7 +33,7 @@ char* put(char* out, char const* text, unsigned int bytes) noexcept {
   return out + bytes;
 }
 
-// The runtime writes digit [ "." digits ] "e" sign digits.
+// Parses what to_chars writes: digit [ "." digits ] "e" sign digits.
 Decimal shortestOf(double magnitude) noexcept {
   Decimal decimal{};
   char text[kRoom];
@@ -54,7 +57,7 @@ void roundUp(Decimal& decimal) noexcept {
   }
 }
 
-// Leaves no zero at the end. False for a midpoint.
+// Rounds and removes zeros from the end; false for a midpoint, which needs the exact digits.
 bool roundTo(unsigned int precision, Decimal& decimal) noexcept {
   if (decimal.count <= precision) return true;
   char const next = decimal.digits[precision];
@@ -93,7 +96,7 @@ char* layOut(char* out, Decimal const& decimal, int precision) noexcept {
 
 }  // namespace
 
-// A double that is not normal has fewer digits of its own than are asked for.
+// A subnormal double has fewer than 15 digits of its own, so the reasoning above does not hold.
 char* printGeneral(char* out, double value, int precision) noexcept {
   if (!std::isnormal(value)) return printGeneralExactly(out, value, precision);
   Decimal decimal = shortestOf(std::abs(value));

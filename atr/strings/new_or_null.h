@@ -1,4 +1,4 @@
-// An object of the heap, or null where a missing one is an answer.
+// Makes an object on the heap, where null is an acceptable answer.
 #ifndef ATR_STRINGS_NEW_OR_NULL_H
 #define ATR_STRINGS_NEW_OR_NULL_H
 
@@ -6,9 +6,9 @@
 
 namespace atr {
 
-/// Makes a T, or answers null if there is no memory. Takes it from the plain operator new and
-/// catches: a client that replaces that one, and operator delete, then sees both ends of every
-/// block. The nothrow form is a symbol of its own, which such a client need not have replaced.
+/// Makes a T; null if there is no memory. Uses the throwing operator new and catches: a client that
+/// replaces operator new and operator delete then sees every block come and go. The nothrow form is
+/// a separate function, which such a client may not have replaced.
 template <class T, class... Args>
 T* newOrNull(Args... args) noexcept {
   try {

@@ -1,5 +1,6 @@
-// Substitute is defined in passes, each of which looks from the start. The loop does just that;
-// where the passes come to one sweep over the text, the sweeps beside it take linear time.
+// Substitute is defined as passes, each of which searches from the start of the text. The loop does
+// just that, in quadratic time. Where the result is provably the same, one sweep over the text does
+// it in linear time.
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -11,8 +12,9 @@
 
 using namespace atr;
 
-// What is replaced by what, and the sweeps that do it. Those over a body that one string alone
-// holds go on from a replacement that was made at `at`, and replace at most `count` more.
+// A pattern and its replacement, with the sweeps. sweepAlike and sweepShrinking work on a body that
+// one string alone holds: they continue behind the replacement that was made at `at`, and make at
+// most `count` more. sweepGrowing begins with the occurrence at `at`.
 struct atr_StringBase::Replacement {
   std::string_view from;
   std::string_view to;
@@ -26,7 +28,8 @@ struct atr_StringBase::Replacement {
     return from.size() == 1 ? std::strchr(p, from[0]) : std::strstr(p, from.data());
   }
 
-  // True if putting `to` in cannot bring about an occurrence of `from` that was not there.
+  // True if a replacement can never create a new occurrence of `from`, neither inside `to` nor
+  // together with the bytes beside it. One sweep then finds what all passes would find.
   bool isIndependent() const noexcept {
     if (to.empty()) return from.size() == 1;
     if (from.find(to) != from.npos || to.find(from) != to.npos) return false;
@@ -43,12 +46,13 @@ struct atr_StringBase::Replacement {
   bool sweepGrowing(atr_StringBase& s, int at, int count) const;
 };
 
-// No match can begin further ahead of the last replacement than the pattern is long. Where the
-// replacement holds the pattern, every pass finds one. The events of the summary are those of this
-// loop: with the summary on, nothing else moves a text.
+// After a replacement the next occurrence can begin at most the pattern's length before it, so each
+// pass may start its search there. If the replacement contains the pattern, every pass finds one,
+// and the final length is known at once. The summary counts the events of this loop, so with the
+// summary on no sweep is used.
 atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_StringBase const& to,
                                            int count) {
-  // Sharers keep both texts as they are, should one of them be this very string.
+  // Shared copies keep both texts unchanged, in case one of them is this very string.
   atr_StringBase const pattern(from);    // NOLINT(performance-unnecessary-copy-initialization)
   atr_StringBase const replacement(to);  // NOLINT(performance-unnecessary-copy-initialization)
   int const fromLength = lengthOf(pattern);
@@ -57,7 +61,8 @@ atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_Strin
   int at = Find(textOf(pattern), 0);
   if (at == lengthOf(*this)) return *this;
   Replacement const r = {textOf(pattern), textOf(replacement)};
-  // What is looked for ends at its first NUL, what is replaced does not. Only passes handle that.
+  // The search stops at the pattern's first NUL, but its whole length is replaced. Only the loop
+  // handles texts with NULs.
   bool const isPatternWhole = std::ssize(r.from) == fromLength;
   bool const hasNul = !isPatternWhole || std::ssize(r.to) != toLength;
   if (isPatternWhole && r.to.find(r.from) != r.to.npos) {
@@ -83,15 +88,15 @@ atr_StringBase& atr_StringBase::Substitute(atr_StringBase const& from, atr_Strin
 
 namespace {
 
-// Stores every byte, the unchanged too, which takes many at a time.
+// Stores unchanged bytes too: without a branch the compiler makes vector code of the loop.
 void replaceBytes(char* p, char const* end, char from, char to) noexcept {
   for (; p != end; ++p) *p = *p == from ? to : *p;
 }
 
 }  // namespace
 
-// Of one length: nothing moves, and matches that come about are found as the loop finds them. One
-// byte by another in the whole text needs no search.
+// For texts of the same length: nothing moves, and occurrences that a replacement creates are found
+// as in the loop. One byte by another in the whole text needs no search.
 void atr_StringBase::Replacement::sweepAlike(atr_StringBase& s, int at, int count) const noexcept {
   if (from.size() == 1 && count >= s.rep->length) {
     replaceBytes(s.body + at, s.body + s.textEnd(), from[0], to[0]);
@@ -127,8 +132,8 @@ void atr_StringBase::Replacement::sweepShrinking(atr_StringBase& s, int at,
   s.rep->length = static_cast<int>(out - s.body);
 }
 
-// Counts first, so that the text moves once, into the room that the passes would end in. Leaves it
-// to the loop if it need not move at all.
+// Counts the occurrences first, so that the text moves once, into a body of the capacity that the
+// passes would have ended with. Returns false, with nothing done, if the text fits where it is.
 bool atr_StringBase::Replacement::sweepGrowing(atr_StringBase& s, int at, int count) const {
   int length = s.rep->length;
   int size = s.rep->refCount == 1 ? s.rep->size : 0;

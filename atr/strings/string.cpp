@@ -1,4 +1,4 @@
-// What the public string adds to the base.
+// The operations of the public string that the base does not have: fields, appending, operator+.
 #include "atr/strings/string.h"
 
 #include <algorithm>
@@ -13,11 +13,11 @@ using namespace atr;
 namespace {
 
 struct Field {
-  char const* text;  // null for a field that is empty or not there
+  char const* text;  // null for a field that is empty or does not exist
   int bytes;
 };
 
-// Where the field at `p` ends: at a delimiter, at a NUL, or at `end`.
+// The end of the field at `p`: a delimiter, a NUL, or `end`. Examines eight bytes at a time.
 char const* fieldEnd(char const* p, char const* end, char delimiter) noexcept {
   std::uint64_t const pattern = wordOf(delimiter);
   for (; end - p >= kWord; p += kWord) {
@@ -29,8 +29,8 @@ char const* fieldEnd(char const* p, char const* end, char delimiter) noexcept {
   return p;
 }
 
-// Behind delimiter `index`, from 1, or null if there are fewer. By words, and where the text ends
-// by bytes.
+// The position behind delimiter number `index`, counted from 1, or null if there are fewer. Counts
+// the delimiters of eight bytes at a time; single bytes are left to the end of the text.
 char const* fieldBegin(char const* p, char const* end, char delimiter, int index) noexcept {
   std::uint64_t const pattern = wordOf(delimiter);
   for (; end - p >= kWord; p += kWord) {
@@ -51,7 +51,7 @@ char const* fieldBegin(char const* p, char const* end, char delimiter, int index
   return nullptr;
 }
 
-// A NUL as delimiter never matches, since the text ends there.
+// A NUL as delimiter never matches, because the text ends at its first NUL.
 Field findField(atr_String const& string, int index, char delimiter) noexcept {
   if (index < 0) return {nullptr, 0};
   char const* const text = string.c_str();
@@ -86,7 +86,7 @@ atr_String atr_String::extract(int index, char delimiter, char escape) const {
   for (char const *p = field.text, *const end = p + field.bytes; p != end; ++p) {
     if (*p == escape) {
       if (p[1] != escape) continue;
-      ++p;  // of a pair the second stays
+      ++p;  // of a pair of escapes the second one is kept
     }
     *out++ = *p;
   }

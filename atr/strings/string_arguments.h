@@ -1,7 +1,7 @@
-// The kinds of arguments that strings take without a cast: counts of any integer type, numbers of
-// exactly known types, and the strings of the standard library once atr/std.h knows them.
+// The arguments that strings take without a cast: counts of any integer type, numbers of exactly
+// these types, and with atr/std.h the strings of the standard library.
 //
-// What is in namespace atr::detail may change with any version.
+// Everything in namespace atr::detail may change with any version.
 #ifndef ATR_STRINGS_STRING_ARGUMENTS_H
 #define ATR_STRINGS_STRING_ARGUMENTS_H
 
@@ -12,34 +12,35 @@ namespace atr {
 namespace detail {
 inline namespace ATR_HEADER_VERSION {
 
-// <type_traits> would double what every client reads.
+// Written here because <type_traits> would double the code that every client has to compile.
 template <bool condition>
 struct OnlyIf {};
 template <>
 struct OnlyIf<true> {
   using Type = int;
 };
-/// As the type of a template parameter: removes the function where `condition` is false.
+/// As the type of a template parameter, removes the function if `condition` is false.
 template <bool condition>
 using EnableIf = typename OnlyIf<condition>::Type;
 
 template <class T>
-T const& valueOf() noexcept;  // for unevaluated operands
+T const& valueOf() noexcept;  // a T for decltype and sizeof; never defined
 
 char isStringPointer(atr_StringBase const*);
 long isStringPointer(...);
-/// True for the string classes, and those that are derived from one.
+/// True for the string classes and for classes derived from them.
 template <class T>
 inline constexpr bool kIsString = sizeof(isStringPointer(static_cast<T*>(nullptr))) == 1;
 
-/// A string or a view of the standard library, with data() and size(): atr/std.h says which.
+/// Tells if T is a string or a view of the standard library. atr/std.h specialises it.
 template <class T>
 struct StandardText {
   static constexpr bool kKnown = false;
 };
 
-/// A position, a length or a count, in bytes, from any integer. What an int cannot hold becomes the
-/// nearest one: as a count that is all that there is, and as a position it is outside every text.
+/// A position, a length or a count in bytes, made from any integer. A value that an int cannot hold
+/// becomes the nearest int: as a count that means all bytes, as a position it is outside every
+/// text.
 class ByteCount {
   using Signed = long long;
   using Unsigned = unsigned long long;
@@ -68,8 +69,8 @@ class ByteCount {
   int value_;
 };
 
-/// What a number is printed as. There is no entry for `char` and `bool`, which are mistaken for
-/// texts and words.
+/// The type that a number is printed as. `char` and `bool` have none: who passes them may expect a
+/// character or a word.
 template <class T>
 struct NumberType {};
 template <>

@@ -1,5 +1,5 @@
-// The representation: how it is made, shared, written to and ended. Blocks are taken before any
-// state changes, so that an operation that runs out of memory has changed nothing.
+// The representation: how it is made, shared, written to and freed. An operation allocates before
+// it changes anything, so that it has changed nothing if memory runs out.
 #include "atr/strings/string_base.h"
 
 #include <algorithm>
@@ -48,7 +48,7 @@ struct DeleteBlock {
   void operator()(void* block) const noexcept { ::operator delete(block); }
 };
 
-// Apart, so that the short texts do not pay for its guard.
+// Not inlined, so that short texts do not pay for its guard.
 ATR_NOINLINE Blocks takeTwoBlocks(int capacity, int length) {
   auto const size = static_cast<int>(bodySize(checkedLength(capacity)));
   std::unique_ptr<void, DeleteBlock> header(::operator new(kHeaderBytes));
@@ -56,7 +56,7 @@ ATR_NOINLINE Blocks takeTwoBlocks(int capacity, int length) {
   return {new (header.release()) atr_StringRep{1, size, length}, body};
 }
 
-// Reports nothing: what happens to the blocks is not known until they are all there.
+// Does not report to the summary: the caller does, once it can no longer fail.
 Blocks takeBlocks(int capacity, int length) {
   if (capacity > kMaxInlineCapacity) [[unlikely]]
     return takeTwoBlocks(capacity, length);
@@ -71,7 +71,7 @@ void reportDeleted(int length, int inlineSize) noexcept {
     atr_summary->RepDeleted(length, inlineSize);
 }
 
-// What is to be freed of a representation that ends, and how the end is reported.
+// A representation that is about to be freed: which blocks it has, and how the summary counts it.
 struct EndingRep {
   EndingRep(atr_StringRep* endingRep, char* endingBody) noexcept
       : rep(endingRep),
@@ -82,8 +82,8 @@ struct EndingRep {
   void report() const noexcept { reportDeleted(rep->length, inlineSize); }
 
   atr_StringRep* rep;
-  char* separateBody;  // null for an inline and for a borrowed body
-  int inlineSize;      // 0 for any other
+  char* separateBody;  // null for an inline or a borrowed body
+  int inlineSize;      // 0 if the body is not inline
 };
 
 }  // namespace
@@ -102,8 +102,8 @@ void atr_StringBase::makeRep(int capacity, int length) {
   reportCreated();
 }
 
-// By `fresh`, not by the fields, which would have to be read again behind the copy. In line, since
-// a call more is a tenth of what a short text takes (see the benchmark "construct 30 B").
+// Writes through `fresh`, because the compiler would read the fields again after the copy. Inlined,
+// because a call costs a tenth of the whole for a short text (see the benchmark "construct 30 B").
 ATR_ALWAYS_INLINE void atr_StringBase::makeCopy(char const* text, int length, int capacity) {
   Blocks const fresh = takeBlocks(capacity != kAsLength ? capacity : length, length);
   rep = fresh.rep;
@@ -115,14 +115,15 @@ ATR_ALWAYS_INLINE void atr_StringBase::makeCopy(char const* text, int length, in
 
 namespace {
 
-constexpr std::size_t kNumberRoom = 80;  // for a point of many bytes
+constexpr std::size_t kNumberRoom = 80;  // 24 and a decimal point of many bytes
 
-// The fast way handles only finite numbers in round-to-nearest. The runtime prints the rest.
+// printGeneral handles only finite numbers in round-to-nearest. The C runtime prints the rest.
 bool isPrintedByRuntime(double value) noexcept {
   return !std::isfinite(value) || std::fegetround() != FE_TONEAREST;
 }
 
-// As printf prints it in the locale: sign of a NaN, rounding mode and decimal point.
+// Prints as printf does: with the rounding mode, the decimal point of the locale, the sign of a
+// NaN.
 int print(char (&text)[kNumberRoom], double value, int precision) noexcept {
   if (isPrintedByRuntime(value)) [[unlikely]] {
     int const bytes = std::snprintf(text, kNumberRoom, "%.*g", precision, value);
@@ -194,7 +195,7 @@ atr_StringBase::atr_StringBase(int capacity, PreSizeEnm) : atr_StringBase() {
 
 // --- sharing ----------------------------------------------------------------------------------
 
-// The count goes up before it goes down, which makes self-assignment harmless.
+// The new count goes up before the old one goes down, which makes self-assignment harmless.
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 atr_StringBase& atr_StringBase::operator=(atr_StringBase const& other) {
   if (other.rep != nullptr) ++other.rep->refCount;
@@ -214,7 +215,7 @@ atr_StringBase& atr_StringBase::operator=(char const* text) {
   }
   int const n = checkedLength(length);
   ::operator delete(get(n));
-  std::memmove(body, text, length + 1);  // a tail of the own text stands in this very body
+  std::memmove(body, text, length + 1);  // `text` may be a tail of this very body
   rep->length = n;
   return *this;
 }
@@ -236,8 +237,8 @@ bool atr_StringBase::isSoleOwnerWithRoom(int n) const noexcept {
   return rep != nullptr && rep->refCount == 1 && rep->size > n;
 }
 
-// No block grows where it stands: operator new has no call for it. The attempt is still counted,
-// since the summary tells how often an inline body was too small.
+// Always fails: operator new has no way to grow a block in place. The attempt is still counted,
+// because the summary tells how often an inline body was too small.
 bool atr_StringBase::tryExtend(int /*n*/) noexcept {
   if (atr_summary != nullptr) {
     atr_summary->extensionFailures =
@@ -262,14 +263,14 @@ void atr_StringBase::isolate(int n) {
     --old->refCount;
     return;
   }
-  if (ending.inlineSize != 0) tryExtend(capacity);  // counted once the move is certain
+  if (ending.inlineSize != 0) tryExtend(capacity);  // only now the move cannot fail
   ending.report();
   atr_StringRep::operator delete(old);
   ::operator delete(ending.separateBody);
 }
 
-// The new block is taken before the old header is freed, so that a failure changes nothing. That
-// changes the order of the blocks alone: the summary is told of the end before the new beginning.
+// Allocates the new block before it frees the old header, so that a failure changes nothing. The
+// summary is still told of the old representation's end before the new one's beginning.
 char* atr_StringBase::get(int n) {
   int const capacity = std::max(n, 0);
   if (isSoleOwnerWithRoom(capacity)) return nullptr;
@@ -297,15 +298,16 @@ char* atr_StringBase::get(int n) {
 
 // --- growing ----------------------------------------------------------------------------------
 
-// Whether `text` may be gone or changed once this string has been written to. A shared or borrowed
-// body is neither freed nor written.
+// True if writing to this string may free or change `text`. A shared or borrowed body is neither
+// freed nor written, so a text in it is safe.
 bool atr_StringBase::isAtRisk(char const* text) const noexcept {
   std::less<char const*> const before;
   bool const isWritable = rep != nullptr && rep->refCount == 1 && rep->size != 0;
   return isWritable && !before(text, body) && !before(body + rep->length, text);
 }
 
-// A source in the own text moves with it; one that runs out of it is copied first.
+// A source within this text moves when the body moves, so its offset is kept. One that reaches
+// beyond the end of the text is copied first.
 atr_StringBase& atr_StringBase::append(char const* src, int srcLength, int srcPos, int count) {
   int const from = std::clamp(srcPos, 0, std::max(srcLength, 0));
   int const n = std::clamp(count, 0, std::max(srcLength, 0) - from);

@@ -1,5 +1,5 @@
-// Edits of the bytes of a string. Those that change the length go through splice, which copies each
-// kept byte once at the most.
+// Edits of a string's bytes. All that change the length use splice, which copies each byte that is
+// kept at most once.
 #include <algorithm>
 #include <climits>
 #include <cstdint>
@@ -17,8 +17,8 @@ std::size_t asSize(int bytes) noexcept { return static_cast<std::size_t>(bytes);
 
 }  // namespace
 
-// Opens a gap of `inserted` bytes in the place of the `removed` bytes at `pos`; the caller fills
-// it. The tail moves with its terminator.
+// Replaces the `removed` bytes at `pos` by a gap of `inserted` bytes, which the caller fills. The
+// tail moves together with its NUL.
 void atr_StringBase::splice(int pos, int removed, int inserted) {
   char const* const oldBody = textOf(*this);
   int const oldLength = lengthOf(*this);
@@ -66,15 +66,16 @@ atr_StringBase& atr_StringBase::Replace(int pos, int count, char const* src, int
   return replace(pos, count, copy.body, copy.rep->length, 0, kAll);
 }
 
-// The spare bytes of a body can be read as they can be written. Of a lender's text no more is known
-// than its length.
+// Spare bytes of a body may be read, because they may be written. A borrowed text has none: only
+// its length is known.
 char atr_StringBase::operator[](int i) const {
   if (rep == nullptr) return '\0';
   int const room = rep->size > 0 ? rep->size : rep->length;
   return i >= 0 && i < room ? body[i] : '\0';
 }
 
-// An index behind the text may still be in the body; one outside gets a spare byte of it.
+// An index behind the text may still be inside the body. For one outside, the byte behind the NUL
+// stands in, so that a write through the reference is harmless.
 char& atr_StringBase::operator[](int i) {
   int const length = lengthOf(*this);
   std::int64_t const room = isSoleOwnerWithRoom(length) ? rep->size : bodySize(length);
@@ -85,7 +86,8 @@ char& atr_StringBase::operator[](int i) {
 
 void atr_StringBase::SetStringLength(int n) {
   if (rep == nullptr) return;
-  int const most = rep->size > 0 ? rep->size - 1 : INT_MAX;  // only the lender knows the size
+  int const most =
+      rep->size > 0 ? rep->size - 1 : INT_MAX;  // the size of a borrowed text is not known
   rep->length = std::clamp(n, 0, most);
 }
 

@@ -1,4 +1,4 @@
-// What begins first ends last: pools, then summary; summary, then pools.
+// Start: the pools, then the summary. Stop: the reverse order.
 #include "atr/strings/string_module.h"
 
 #include "atr/strings/allocator.h"

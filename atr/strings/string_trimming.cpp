@@ -1,4 +1,4 @@
-// Bytes of a set that are taken off the ends of a string, or out of all of it.
+// Removes bytes of a set from the ends of a string, or from all of it.
 #include <cassert>
 #include <cstring>
 
@@ -17,7 +17,7 @@ atr_StringBase& atr_StringBase::RightTrim(char const* set) {
   assert(set != nullptr);
   ByteFilter const filter(set);
   int end = lengthOf(*this);
-  // A NUL at the end of a text shows nowhere.
+  // NULs at the end are removed with them, because nobody can see them.
   while (end != 0 && (filter.drops(body[end - 1]) || body[end - 1] == '\0')) --end;
   return end < lengthOf(*this) ? Erase(end, kAll) : *this;
 }

@@ -1,5 +1,5 @@
-// The counters wrap like unsigned ones; the moments are reckoned in 32-bit floats, as the record
-// holds them.
+// The counters wrap around like unsigned ones. Means and deviations are computed in 32-bit floats,
+// the type of the fields.
 #include "atr/strings/summary.h"
 
 #include <algorithm>
@@ -48,7 +48,7 @@ struct Moments {
   float sigma;
 };
 
-// Rounding may make the variance negative; the report then has the runtime's word for the root.
+// Rounding may make the variance negative; the report then shows what the C runtime prints for NaN.
 Moments moments(float sum, float sumSquared, float factor) noexcept {
   float const mean = sum * factor;
   return {mean, std::sqrt(sumSquared * factor - mean * mean)};
@@ -56,7 +56,8 @@ Moments moments(float sum, float sumSquared, float factor) noexcept {
 
 }  // namespace
 
-// The divisor is what was made, not what has ended: strings alive at the report lower the means.
+// The sums cover strings that have ended, but the divisor counts all that were made: strings still
+// alive at the report lower the means.
 void atr_StringSummary::Report() const {
   float const factor = stringsCreated != 0 ? static_cast<float>(1.0 / stringsCreated) : 0.0F;
   Moments const lengths = moments(sumLength, sumLengthSquared, factor);

@@ -1,9 +1,9 @@
-// An optional count of what the string module did in one run. It is on from a start that finds
-// ATR_SUMMARY in the environment to the stop, which prints it; off, an event costs one test.
+// Optional statistics of the string module. They are on from a start with ATR_SUMMARY in the
+// environment until the stop, which prints them. While they are off, an event costs one test.
 #ifndef ATR_STRINGS_SUMMARY_H
 #define ATR_STRINGS_SUMMARY_H
 
-/// The record. Its sums cover the inline representations that have ended.
+/// The statistics. The sums cover the inline representations that have ended.
 struct atr_StringSummary {
   int repsCreated;        ///< representations made with no inline body
   int stringsCreated;     ///< representations made with an inline body
@@ -27,10 +27,10 @@ struct atr_StringSummary {
   void Report() const;
 };
 
-/// The record, or null while the summary is off. Callers test it before each event.
+/// The statistics, or null while they are off. Callers test it before each event.
 extern atr_StringSummary* atr_summary;
 
-/// The summary's share in start and stop of the string module.
+/// Called at the start and at the stop of the string module.
 void atr_summaryInitialize() noexcept;
 void atr_summaryFinalize();
 

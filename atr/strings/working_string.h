@@ -1,4 +1,4 @@
-// The library's working string: what functions outside the string classes keep as a local.
+// The library's working string: the local variable of functions outside the string classes.
 #ifndef ATR_STRINGS_WORKING_STRING_H
 #define ATR_STRINGS_WORKING_STRING_H
 
@@ -9,8 +9,8 @@
 #include "atr/strings/string.h"
 #include "atr/strings/string_base.h"
 
-/// A string that can be made from any other kind, sharing its representation, and so gives access
-/// to its text.
+/// A string that can be made from a string of any kind. It shares the representation and so gives
+/// access to the text.
 class atr_StringBasePrv : public atr_StringBase {
  public:
   /// The null representation.
@@ -25,7 +25,7 @@ class atr_StringBasePrv : public atr_StringBase {
 
   ATR_INLINE_API ~atr_StringBasePrv() {}  // NOLINT(modernize-use-equals-default): a symbol
 
-  /// Takes a copy of `text`; null counts as empty.
+  /// Becomes a copy of `text`; null counts as empty.
   atr_StringBasePrv& operator=(char const* text) {
     atr_StringBase::operator=(text);
     return *this;
@@ -50,15 +50,15 @@ class atr_StringBasePrv : public atr_StringBase {
   /// Makes `target`, a string of any kind, share this string's representation.
   void AssignTo(atr_StringBase& target) const { assign(target, *this); }
 
-  /// The text, never null; borrowed until the string next changes.
+  /// The text, never null; valid until the string changes.
   char const* c_str() const noexcept { return textOf(*this); }
 
-  /// Adds the text of `other` at the end.
+  /// Appends the text of `other`.
   atr_StringBasePrv& Append(atr_StringBase const& other) {
     append(textOf(other), lengthOf(other), 0, kAll);
     return *this;
   }
-  /// Adds at most `count` bytes of `text`, which is NUL-terminated even where `count` is shorter.
+  /// Appends at most `count` bytes of `text`, which must be NUL-terminated even if `count` is less.
   atr_StringBasePrv& Append(char const* text, std::size_t count) {
     append(text, narrowed(std::strlen(text)), 0, narrowed(count));
     return *this;
@@ -68,12 +68,12 @@ class atr_StringBasePrv : public atr_StringBase {
   /// As Append, with all of the text.
   atr_StringBasePrv& operator+=(char const* text) { return Append(text, kAll); }
 
-  /// -1, 0 or 1, comparing unsigned bytes up to the first NUL. @pre `text` is not null.
+  /// The order by unsigned bytes, up to the first NUL: -1, 0 or 1. @pre `text` is not null.
   int Compare(char const* text) const noexcept {
     int const order = std::strcmp(c_str(), text);
     return (order > 0) - (order < 0);
   }
-  /// Empties the text; a representation stays.
+  /// Makes the text empty; the representation stays.
   atr_StringBasePrv& Clear() {
     Erase(0, kAll);
     return *this;
@@ -83,7 +83,7 @@ class atr_StringBasePrv : public atr_StringBase {
     atr_StringBase::RightTrim(set);
     return *this;
   }
-  /// The base's Substitute. The count is narrowed to an int, where a negative one does nothing.
+  /// The base's Substitute. The count becomes an int; a negative one does nothing.
   atr_StringBasePrv& Substitute(atr_StringBase const& from, atr_StringBase const& to,
                                 std::size_t count) {
     atr_StringBase::Substitute(from, to, static_cast<int>(count));
@@ -91,7 +91,7 @@ class atr_StringBasePrv : public atr_StringBase {
   }
 
  private:
-  // What an int cannot count is all that there is.
+  // A count that does not fit an int means all bytes.
   static constexpr int narrowed(std::size_t bytes) noexcept {
     return bytes < kAll ? static_cast<int>(bytes) : kAll;
   }
