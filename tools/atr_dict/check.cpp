@@ -1,6 +1,4 @@
 // `atr-dict check`: what the runtime would do in silence.
-#include <memory>
-
 #include "asked_keys.h"
 #include "check_options.h"
 #include "checks.h"
@@ -86,8 +84,8 @@ std::vector<std::string> ruleNames() {
 }  // namespace
 
 void addCheck(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<CheckCommand>();
-  CLI::App* const sub = app.add_subcommand("check", "Tell what goes wrong in dictionaries");
+  auto const [command, sub] =
+      addCommand<CheckCommand>(app, action, "check", "Tell what goes wrong in dictionaries");
   sub->add_option("FILE", command->files, "dictionaries")->required();
   sub->add_option("--disable", command->disabled, "leave a rule out; may be given often")
       ->type_name("RULE")
@@ -111,7 +109,6 @@ void addCheck(CLI::App& app, Action& action) {
   sub->add_option("--color", command->color, "when findings are coloured")
       ->type_name("auto|always|never")
       ->transform(CLI::CheckedTransformer(colors).description(""));
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
 }
 
 }  // namespace dict

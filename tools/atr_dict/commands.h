@@ -5,11 +5,31 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace dict {
 
 /// What to run for a command that was chosen. A failure is thrown as Failure.
 using Action = std::function<int()>;
+
+/// Adds a command: what its options fill, and the place to describe these. Its run() is the action.
+template <class Command>
+std::pair<std::shared_ptr<Command>, CLI::App*> addCommand(CLI::App& app, Action& action,
+                                                          char const* name,
+                                                          std::string const& description) {
+  auto const command = std::make_shared<Command>();
+  CLI::App* const sub = app.add_subcommand(name, description);
+  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  return {command, sub};
+}
+
+/// Adds the option for the file that a command writes, which it needs.
+inline void addOutput(CLI::App& sub, std::string& file, char const* type,
+                      std::string const& description) {
+  sub.add_option("-o,--output", file, description)->type_name(type)->required();
+}
 
 /// Takes the place of `action` when the command is chosen. What the options fill lives as long as
 /// the action.

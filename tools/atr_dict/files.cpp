@@ -8,6 +8,7 @@
 
 #include "failure.h"
 #include "messages.h"
+#include "system.h"
 
 namespace dict {
 
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 namespace {
 
 [[noreturn]] void failOn(std::string const& name, int reason) {
-  throw Failure(say("%s: %s", toLocale(name), std::generic_category().message(reason)));
+  throw Failure(say("%s: %s", toLocale(name), system::reasonOf(reason)));
 }
 
 struct RemoveFile {

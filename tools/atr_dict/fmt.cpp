@@ -1,5 +1,4 @@
 // `atr-dict fmt`: the canonical form.
-#include <memory>
 
 #include "check_options.h"
 #include "checks.h"
@@ -85,11 +84,10 @@ int FormatCommand::run() const {
 }  // namespace
 
 void addFormat(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<FormatCommand>();
-  CLI::App* const sub = app.add_subcommand("fmt", "Give dictionaries their canonical form");
+  auto const [command, sub] =
+      addCommand<FormatCommand>(app, action, "fmt", "Give dictionaries their canonical form");
   sub->add_option("FILE", command->files, "dictionaries, rewritten in place")->required();
   sub->add_flag("--check", command->isCheck, "change nothing, and tell which are not in it");
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
 }
 
 }  // namespace dict

@@ -1,6 +1,5 @@
 // `atr-dict stats`: how far translations have come.
 #include <map>
-#include <memory>
 #include <set>
 #include <unordered_set>
 
@@ -107,15 +106,14 @@ int StatsCommand::run() const {
 }  // namespace
 
 void addStats(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<StatsCommand>();
-  CLI::App* const sub = app.add_subcommand("stats", "Count what is translated");
+  auto const [command, sub] =
+      addCommand<StatsCommand>(app, action, "stats", "Count what is translated");
   sub->add_option("FILE", command->files, "dictionaries")->required();
   sub->add_option("--keys", command->keys, "the keys that the program asks for")
       ->type_name("POT|LIST");
   sub->add_option("--require", command->required, "the percentage below which the status is 1")
       ->type_name("PERCENT")
       ->check(CLI::Range(0.0, 100.0).description(""));
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
 }
 
 }  // namespace dict

@@ -2,7 +2,6 @@
 #include <cstring>
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <unordered_map>
 
 #include "atr/encoding/strict_utf8.h"
@@ -282,13 +281,10 @@ struct ToPoCommand {
 }  // namespace
 
 void addToPo(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<ToPoCommand>();
-  CLI::App* const sub = app.add_subcommand("to-po", "Make a PO file of a dictionary");
+  auto const [command, sub] =
+      addCommand<ToPoCommand>(app, action, "to-po", "Make a PO file of a dictionary");
   sub->add_option("FILE", command->source, "a dictionary")->required();
-  sub->add_option("-o,--output", command->output, "the PO file to write")
-      ->type_name("PO")
-      ->required();
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  addOutput(*sub, command->output, "PO", "the PO file to write");
 }
 
 }  // namespace dict
