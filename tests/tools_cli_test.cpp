@@ -197,6 +197,44 @@ TEST(ToolsRun, ExplainNamesTheCause) {
             "0\n");
 }
 
+#ifdef ATR_TEST_EXAMPLE
+// The example is one with plural forms, which here has no text for a folder that cannot be read.
+TEST(ToolsRun, RecordListsWhatARunAsksFor) {
+  S const example = "'" ATR_TEST_EXAMPLE "' none";
+  TempFile const file("d.py",
+                      "msg['\\@plural'] = r'n > 1'\nmsg['Contents of %s'] = r'Inhalt von %s'\n"
+                      "msg['%d files, %s in all\\@plural0'] = r'nichts (%d, %s)'\n"
+                      "msg['%d files, %s in all\\@plural1'] = r'%d Dateien, %s'\n");
+  S const start =
+      "LC_ALL=C.UTF-8 ZELTRA_SUPPORTED_LOCALE=1 ZELTRA_TRANSLATION_DICTIONARY=d.py ZEL_PATH=.";
+  S const list =
+      "Cannot read %s: %s\tmissing\nContents of %s\tfound\n%u B\tmissing\n\\@plural\tfound\n"
+      "%d files, %s in all\\@plural0\tfound\n%d place could not be read\\@plural0\tmissing\n";
+  EXPECT_EQ(run("record -o keys -- " + example, start),
+            "Cannot read none: No such file or directory\nInhalt von none\nnichts (0, 0 B)\n"
+            "1 place could not be read\n1\n");
+  EXPECT_EQ(contentOf("keys"), list);
+  EXPECT_EQ(run("record -- " + example + " 2>&- | tail -n 6", start), list + "0\n");
+  EXPECT_EQ(run("stats --keys keys d.py"),
+            "d.py: 50.0% translated (3), missing 3, unused 0, suspicious 0\n0\n");
+  // A child is seen, and what it asked for is kept when its parent dies.
+  EXPECT_EQ(run("record -o child -- sh -c \"" + example + " >&- 2>&-; kill -9 \\$\\$\"", start),
+            "atr-dict: sh: ended by signal 9 (Killed)\n137\n");
+  EXPECT_EQ(contentOf("child"), list);
+  std::tuple<char const*, S> const rows[] = {
+      {"record -- sh -c 'exit 7' [a,b] -x",
+       "atr-dict: sh: it asked for no key of a shared library; one that is linked statically is "
+       "not "
+       "seen\n7\n"},
+      {"record -- /sbin/ldconfig -V >&-",
+       "atr-dict: /sbin/ldconfig: nothing can be recorded: it is linked statically, or runs with "
+       "other rights\n2\n"},
+      {"record -- ./none", "atr-dict: ./none: No such file or directory\n2\n"},
+  };
+  for (auto const& [arguments, output] : rows) EXPECT_EQ(run(arguments), output) << arguments;
+}
+#endif
+
 #if ATR_TEST_HAS_PO
 // There and back keeps every text, and gettext's own programs take what is written.
 TEST(ToolsRun, PoThereAndBack) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace dict {
 
@@ -31,6 +32,11 @@ inline void addOutput(CLI::App& sub, std::string& file, char const* type,
   sub.add_option("-o,--output", file, description)->type_name(type)->required();
 }
 
+/// Adds an argument for words of any look and number, such as messages. Behind `--` they may begin
+/// with a hyphen. The command has no other argument.
+CLI::Option* addWords(CLI::App& sub, char const* name, std::string const& description,
+                      std::vector<std::string>& words);
+
 /// Takes the place of `action` when the command is chosen. What the options fill lives as long as
 /// the action.
 void addCheck(CLI::App& app, Action& action);
@@ -38,6 +44,7 @@ void addExplain(CLI::App& app, Action& action);
 void addFormat(CLI::App& app, Action& action);
 void addStats(CLI::App& app, Action& action);
 void addPseudo(CLI::App& app, Action& action);
+void addRecord(CLI::App& app, Action& action);
 void addPoCommands(CLI::App& app, Action& action);
 void addRules(CLI::App& app, Action& action);
 

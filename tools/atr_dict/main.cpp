@@ -11,6 +11,7 @@
 namespace {
 
 int run(int argc, char** argv) {
+  dict::loadOwnMessages();
   CLI::App app("The companion of ZLTatr's dictionaries.", "atr-dict");
   app.set_version_flag("--version", "atr-dict " ATR_VERSION);
   app.require_subcommand(1);
@@ -22,6 +23,7 @@ int run(int argc, char** argv) {
   dict::addFormat(app, action);
   dict::addStats(app, action);
   dict::addPseudo(app, action);
+  dict::addRecord(app, action);
   dict::addPoCommands(app, action);
   dict::addRules(app, action);
   try {
@@ -29,7 +31,6 @@ int run(int argc, char** argv) {
   } catch (CLI::ParseError const& error) {
     return app.exit(error) == 0 ? dict::kAllWell : dict::kCouldNotRun;
   }
-  dict::loadOwnMessages(dict::system::programFolder());
   int const status = action();
   dict::finishOutput();
   return status;
