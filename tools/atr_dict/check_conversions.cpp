@@ -156,7 +156,11 @@ void ConversionCheck::reportMissing() {
     if (!isThere) names += (names.empty() ? "" : ", ") + toLocale(key_[i].bytes);
   }
   if (names.empty()) names = toLocale(key_.back().bytes);
-  findings_.add(Rule::missingConversion, entry_.rawValue.data() + entry_.rawValue.size(),
+  // A value of the newline alone ends on the next line.
+  std::string_view const line = findings_.dictionary().lineOf(entry_).text;
+  char const* const end =
+      std::min(entry_.rawValue.data() + entry_.rawValue.size(), line.data() + line.size());
+  findings_.add(Rule::missingConversion, end,
                 say("the text has no place for %s; %d of %d values are shown", names,
                     static_cast<int>(text_.size()), static_cast<int>(key_.size())),
                 say("values go by rank: what remains moves up"));
