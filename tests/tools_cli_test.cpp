@@ -87,10 +87,19 @@ TEST(ToolsRun, WhatCannotRunSaysWhyAndForWhichFile) {
       {"pseudo good.py -o none/a.py", "atr-dict: none/a.py: No such file or directory\n2\n"},
       {"rules >/dev/full", "atr-dict: standard output: No space left on device\n2\n"},
       {"rules >&-", "atr-dict: standard output: Bad file descriptor\n2\n"},
-      {"check", "FILE is required\nRun with --help or --help-all for more information.\n2\n"},
+      {"check", "FILE is required\nRun with --help or --help-all to learn more.\n2\n"},
   };
   for (auto const& [arguments, output] : rows) EXPECT_EQ(run(arguments), output) << arguments;
   EXPECT_EQ(run("check good.py"), "0\n");
+  S const german = "LC_ALL=de_DE.ISO-8859-1";
+  S const more = "\nMehr erfahren Sie mit --help oder --help-all.\n2\n";
+  EXPECT_EQ(run("chekc", german), "Dieses Argument wird nicht erwartet: chekc" + more);
+  EXPECT_EQ(run("check --format xml a", german),
+            "--format: xml ist nicht in {github,json,text}" + more);
+  EXPECT_EQ(run("stats --require 101 a", german), "--require: \"101\" ist kein Prozentsatz" + more);
+  S const help = run("rules --help", german);
+  EXPECT_EQ(help.substr(0, help.find("  -h")),
+            "Nennt die Regeln von check\nAufruf: atr-dict rules [OPTIONEN]\n\nOptionen:\n");
 }
 
 TEST(ToolsRun, FmtStatsAndPseudo) {

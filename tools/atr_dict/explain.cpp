@@ -304,8 +304,8 @@ struct ExplainCommand {
 
 void addExplain(CLI::App& app, Action& action) {
   auto const [command, sub] = addCommand<ExplainCommand>(
-      app, action, "explain", "Tell what the library makes of the environment");
-  addWords(*sub, "KEY", "messages to look up, with escapes as in a dictionary", command->keys);
+      app, action, "explain", say("Tell what the library makes of the environment"));
+  addWords(*sub, "KEY", say("messages to look up, with escapes as in a dictionary"), command->keys);
 }
 
 }  // namespace dict

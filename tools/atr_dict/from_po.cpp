@@ -151,17 +151,17 @@ struct ToPotCommand {
 
 void addFromPo(CLI::App& app, Action& action) {
   auto const [command, sub] =
-      addCommand<FromPoCommand>(app, action, "from-po", "Make a dictionary of a PO file");
-  sub->add_option("PO", command->source, "a PO file in UTF-8")->required();
-  addOutput(*sub, command->output, "FILE", "the dictionary to write; - for the output");
-  sub->add_flag("--fuzzy", command->takesFuzzy, "take fuzzy translations too");
+      addCommand<FromPoCommand>(app, action, "from-po", say("Make a dictionary of a PO file"));
+  sub->add_option("PO", command->source, say("a PO file in UTF-8"))->required();
+  addOutput(*sub, command->output, "FILE", say("the dictionary to write; - for the output"));
+  sub->add_flag("--fuzzy", command->takesFuzzy, say("take fuzzy translations too"));
 }
 
 void addToPot(CLI::App& app, Action& action) {
   auto const [command, sub] = addCommand<ToPotCommand>(
-      app, action, "to-pot", "Turn the tails of an extracted template into contexts");
-  sub->add_option("POT", command->source, "a template as xgettext writes it")->required();
-  addOutput(*sub, command->output, "POT", "the template to write");
+      app, action, "to-pot", say("Turn the tails of an extracted template into contexts"));
+  sub->add_option("POT", command->source, say("a template as xgettext writes it"))->required();
+  addOutput(*sub, command->output, "POT", say("the template to write"));
 }
 
 void addPoCommands(CLI::App& app, Action& action) {

@@ -12,11 +12,12 @@ namespace {
 
 int run(int argc, char** argv) {
   dict::loadOwnMessages();
-  CLI::App app("The companion of ZLTatr's dictionaries.", "atr-dict");
-  app.set_version_flag("--version", "atr-dict " ATR_VERSION);
+  CLI::App app(dict::say("The companion of ZLTatr's dictionaries."), "atr-dict");
+  dict::speakTheUsersLanguage(app);
+  app.set_version_flag("--version", "atr-dict " ATR_VERSION,
+                       dict::say("Print the version and exit"));
   app.require_subcommand(1);
-  app.set_help_all_flag("--help-all", "Print this help message with that of all commands");
-  app.footer("Exit status: 0 all well, 1 something found, 2 could not run.");
+  app.footer(dict::say("Exit status: 0 all well, 1 something found, 2 could not run."));
   dict::Action action;
   dict::addCheck(app, action);
   dict::addExplain(app, action);

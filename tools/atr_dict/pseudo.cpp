@@ -92,9 +92,9 @@ int PseudoCommand::run() const {
 
 void addPseudo(CLI::App& app, Action& action) {
   auto const [command, sub] =
-      addCommand<PseudoCommand>(app, action, "pseudo", "Make a dictionary for tests");
-  sub->add_option("FILE|POT", command->source, "where the keys come from")->required();
-  addOutput(*sub, command->output, "FILE", "the dictionary to write; - for the output");
+      addCommand<PseudoCommand>(app, action, "pseudo", say("Make a dictionary for tests"));
+  sub->add_option("FILE|POT", command->source, say("where the keys come from"))->required();
+  addOutput(*sub, command->output, "FILE", say("the dictionary to write; - for the output"));
 }
 
 }  // namespace dict

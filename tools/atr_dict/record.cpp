@@ -21,6 +21,7 @@
 #include "failure.h"
 #include "files.h"
 #include "messages.h"
+#include "scratch_folder.h"
 #include "system.h"
 #include "trace.h"
 #include "variables.h"
@@ -32,29 +33,6 @@ namespace fs = std::filesystem;
 namespace {
 
 // --- the run ----------------------------------------------------------------------------------
-
-// A folder of its own, which goes with all that is in it.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    std::string name = (fs::temp_directory_path() / "atr-dict.XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-      throw Failure(say("%s: %s", toLocale(name), system::reasonOf(errno)));
-    }
-    path_ = name;
-  }
-  ScratchFolder(ScratchFolder const&) = delete;
-  ScratchFolder& operator=(ScratchFolder const&) = delete;
-  ~ScratchFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-
-  fs::path operator/(char const* name) const { return path_ / name; }
-
- private:
-  fs::path path_;
-};
 
 std::string preloadedObject() {
   constexpr char kName[] = "/atr-dict-record.so";
@@ -288,10 +266,10 @@ int RecordCommand::run() {
 
 void addRecord(CLI::App& app, Action& action) {
   auto const [command, sub] = addCommand<RecordCommand>(
-      app, action, "record", "Run a program and list the keys that it asks for");
-  addWords(*sub, "PROGRAM", "behind --, the program and its arguments", command->program)
+      app, action, "record", say("Run a program and list the keys that it asks for"));
+  addWords(*sub, "PROGRAM", say("behind --, the program and its arguments"), command->program)
       ->required();
-  sub->add_option("-o,--output", command->output, "the list to write, instead of the output")
+  sub->add_option("-o,--output", command->output, say("the list to write, instead of the output"))
       ->type_name("LIST");
 }
 

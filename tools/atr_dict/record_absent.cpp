@@ -18,9 +18,9 @@ struct RecordCommand {
 }  // namespace
 
 void addRecord(CLI::App& app, Action& action) {
-  auto const [command, sub] =
-      addCommand<RecordCommand>(app, action, "record", "List the keys of a run; on Linux alone");
-  addWords(*sub, "PROGRAM", "a program and its arguments", command->program);
+  auto const [command, sub] = addCommand<RecordCommand>(
+      app, action, "record", say("List the keys of a run; on Linux alone"));
+  addWords(*sub, "PROGRAM", say("a program and its arguments"), command->program);
 }
 
 }  // namespace dict

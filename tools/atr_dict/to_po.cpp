@@ -282,9 +282,9 @@ struct ToPoCommand {
 
 void addToPo(CLI::App& app, Action& action) {
   auto const [command, sub] =
-      addCommand<ToPoCommand>(app, action, "to-po", "Make a PO file of a dictionary");
-  sub->add_option("FILE", command->source, "a dictionary")->required();
-  addOutput(*sub, command->output, "PO", "the PO file to write");
+      addCommand<ToPoCommand>(app, action, "to-po", say("Make a PO file of a dictionary"));
+  sub->add_option("FILE", command->source, say("a dictionary"))->required();
+  addOutput(*sub, command->output, "PO", say("the PO file to write"));
 }
 
 }  // namespace dict
