@@ -1,5 +1,23 @@
 # Dictionaries as tests of a build.
 
+# The program atr-dict: that of the build, or the one beside the package, or on PATH. Sets <out> to a
+# word for COMMAND, or to nothing.
+function(atr_find_dict_program out)
+  if(TARGET atr-dict)
+    set(${out} atr-dict PARENT_SCOPE)
+    return()
+  endif()
+  # The package stands at <prefix>/<libdir>/cmake/ZLTatr, its libdir being one folder or two.
+  find_program(ATR_DICT_PROGRAM atr-dict
+    HINTS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../../bin
+          ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../../../bin)
+  mark_as_advanced(ATR_DICT_PROGRAM)
+  set(${out} ${ATR_DICT_PROGRAM} PARENT_SCOPE)
+  if(NOT ATR_DICT_PROGRAM)
+    set(${out} "" PARENT_SCOPE)
+  endif()
+endfunction()
+
 # atr_check_dictionaries(FILES file... [CHARSETS name...] [KEYS pot_or_list] [STRICT])
 #
 # Adds a test `dictionaries/<file>` for each dictionary, relative to the source folder, that runs
@@ -11,17 +29,9 @@ function(atr_check_dictionaries)
   if(NOT arg_FILES OR arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "atr_check_dictionaries(FILES file... [CHARSETS name...] [KEYS file] [STRICT])")
   endif()
-  if(TARGET atr-dict)
-    set(program $<TARGET_FILE:atr-dict>)
-  else()
-    # The package stands at <prefix>/<libdir>/cmake/ZLTatr, its libdir being one folder or two.
-    find_program(ATR_DICT_PROGRAM atr-dict
-      HINTS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../../bin
-            ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../../../../bin)
-    set(program ${ATR_DICT_PROGRAM})
-    if(NOT program)
-      set(program atr-dict)
-    endif()
+  atr_find_dict_program(program)
+  if(NOT program)
+    set(program atr-dict)
   endif()
 
   set(options)

@@ -26,3 +26,11 @@ execute_process(
     --keyword --keyword=ATR_T --keyword=atr_raw --keyword=message --keyword=plural:1,2
     --keyword=atr_translate --output=${output} ${names}
   WORKING_DIRECTORY ${scratch} COMMAND_ERROR_IS_FATAL ANY)
+
+# An atr-dict that was built without PO files does not know the command.
+if(atr_dict)
+  execute_process(COMMAND ${atr_dict} to-pot --help RESULT_VARIABLE status OUTPUT_QUIET ERROR_QUIET)
+  if(status EQUAL 0)
+    execute_process(COMMAND ${atr_dict} to-pot ${output} -o ${output} COMMAND_ERROR_IS_FATAL ANY)
+  endif()
+endif()

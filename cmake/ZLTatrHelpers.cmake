@@ -1,5 +1,7 @@
 # What a program with messages does at its build: extract them, and put its dictionaries in place.
 
+include(${CMAKE_CURRENT_LIST_DIR}/ZLTatrDictionaries.cmake)
+
 set(ATR_EXTRACT_SCRIPT ${CMAKE_CURRENT_LIST_DIR}/ZLTatrExtract.cmake)
 
 # atr_extract_messages(TARGET target [OUTPUT file.pot])
@@ -7,7 +9,9 @@ set(ATR_EXTRACT_SCRIPT ${CMAKE_CURRENT_LIST_DIR}/ZLTatrExtract.cmake)
 # Adds a target `<target>_messages` that collects the messages of the target's C++ sources in a
 # template for translators, by default <target>.pot in the binary folder. It needs xgettext. It sees
 # literals in ATR_T, atr_raw, atr::message, atr::plural and atr_translate("..."), but not those of a
-# named `atr_translate message("...")`: mark these with ATR_T.
+# named `atr_translate message("...")`: mark these with ATR_T. Where there is an atr-dict that knows PO
+# files, tails become contexts, as translators' editors know them: `Open\@menu` is then the msgid
+# "Open" in the msgctxt "menu".
 function(atr_extract_messages)
   cmake_parse_arguments(PARSE_ARGV 0 arg "" "TARGET;OUTPUT" "")
   if(NOT TARGET "${arg_TARGET}")
@@ -18,6 +22,15 @@ function(atr_extract_messages)
   endif()
   cmake_path(ABSOLUTE_PATH arg_OUTPUT BASE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
   find_program(ATR_XGETTEXT xgettext)
+  atr_find_dict_program(program)
+  set(program_file ${program})
+  if(TARGET "${program}")
+    set(program_file $<TARGET_FILE:${program}>)
+    if(CMAKE_CROSSCOMPILING)
+      set(program "")
+      set(program_file "")
+    endif()
+  endif()
 
   get_target_property(folder ${arg_TARGET} SOURCE_DIR)
   get_target_property(sources ${arg_TARGET} SOURCES)
@@ -34,8 +47,8 @@ function(atr_extract_messages)
   add_custom_command(OUTPUT ${arg_OUTPUT}
     COMMAND ${CMAKE_COMMAND} -D list=${list} -D folder=${folder} -D output=${arg_OUTPUT}
       -D scratch=${CMAKE_CURRENT_BINARY_DIR}/${arg_TARGET}_messages -D xgettext=${ATR_XGETTEXT}
-      -P ${ATR_EXTRACT_SCRIPT}
-    DEPENDS ${files} ${list} ${ATR_EXTRACT_SCRIPT}
+      -D atr_dict=${program_file} -P ${ATR_EXTRACT_SCRIPT}
+    DEPENDS ${files} ${list} ${ATR_EXTRACT_SCRIPT} ${program}
     COMMENT "Extracting the messages of ${arg_TARGET}" VERBATIM)
   add_custom_target(${arg_TARGET}_messages DEPENDS ${arg_OUTPUT})
 endfunction()

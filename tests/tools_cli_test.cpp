@@ -87,10 +87,19 @@ TEST(ToolsRun, WhatCannotRunSaysWhyAndForWhichFile) {
       {"pseudo good.py -o none/a.py", "atr-dict: none/a.py: No such file or directory\n2\n"},
       {"rules >/dev/full", "atr-dict: standard output: No space left on device\n2\n"},
       {"rules >&-", "atr-dict: standard output: Bad file descriptor\n2\n"},
-      {"check", "FILE is required\nRun with --help or --help-all for more information.\n2\n"},
+      {"check", "FILE is required\nRun with --help or --help-all to learn more.\n2\n"},
   };
   for (auto const& [arguments, output] : rows) EXPECT_EQ(run(arguments), output) << arguments;
   EXPECT_EQ(run("check good.py"), "0\n");
+  S const german = "LC_ALL=de_DE.ISO-8859-1";
+  S const more = "\nMehr erfahren Sie mit --help oder --help-all.\n2\n";
+  EXPECT_EQ(run("chekc", german), "Dieses Argument wird nicht erwartet: chekc" + more);
+  EXPECT_EQ(run("check --format xml a", german),
+            "--format: xml ist nicht in {github,json,text}" + more);
+  EXPECT_EQ(run("stats --require 101 a", german), "--require: \"101\" ist kein Prozentsatz" + more);
+  S const help = run("rules --help", german);
+  EXPECT_EQ(help.substr(0, help.find("  -h")),
+            "Nennt die Regeln von check\nAufruf: atr-dict rules [OPTIONEN]\n\nOptionen:\n");
 }
 
 TEST(ToolsRun, FmtStatsAndPseudo) {
@@ -196,6 +205,44 @@ TEST(ToolsRun, ExplainNamesTheCause) {
             "  from the table\n"
             "0\n");
 }
+
+#ifdef ATR_TEST_EXAMPLE
+// The example is one with plural forms, which here has no text for a folder that cannot be read.
+TEST(ToolsRun, RecordListsWhatARunAsksFor) {
+  S const example = "'" ATR_TEST_EXAMPLE "' none";
+  TempFile const file("d.py",
+                      "msg['\\@plural'] = r'n > 1'\nmsg['Contents of %s'] = r'Inhalt von %s'\n"
+                      "msg['%d files, %s in all\\@plural0'] = r'nichts (%d, %s)'\n"
+                      "msg['%d files, %s in all\\@plural1'] = r'%d Dateien, %s'\n");
+  S const start =
+      "LC_ALL=C.UTF-8 ZELTRA_SUPPORTED_LOCALE=1 ZELTRA_TRANSLATION_DICTIONARY=d.py ZEL_PATH=.";
+  S const list =
+      "Cannot read %s: %s\tmissing\nContents of %s\tfound\n%u B\tmissing\n\\@plural\tfound\n"
+      "%d files, %s in all\\@plural0\tfound\n%d place could not be read\\@plural0\tmissing\n";
+  EXPECT_EQ(run("record -o keys -- " + example, start),
+            "Cannot read none: No such file or directory\nInhalt von none\nnichts (0, 0 B)\n"
+            "1 place could not be read\n1\n");
+  EXPECT_EQ(contentOf("keys"), list);
+  EXPECT_EQ(run("record -- " + example + " 2>&- | tail -n 6", start), list + "0\n");
+  EXPECT_EQ(run("stats --keys keys d.py"),
+            "d.py: 50.0% translated (3), missing 3, unused 0, suspicious 0\n0\n");
+  // A child is seen, and what it asked for is kept when its parent dies.
+  EXPECT_EQ(run("record -o child -- sh -c \"" + example + " >&- 2>&-; kill -9 \\$\\$\"", start),
+            "atr-dict: sh: ended by signal 9 (Killed)\n137\n");
+  EXPECT_EQ(contentOf("child"), list);
+  std::tuple<char const*, S> const rows[] = {
+      {"record -- sh -c 'exit 7' [a,b] -x",
+       "atr-dict: sh: it asked for no key of a shared library; one that is linked statically is "
+       "not "
+       "seen\n7\n"},
+      {"record -- /sbin/ldconfig -V >&-",
+       "atr-dict: /sbin/ldconfig: nothing can be recorded: it is linked statically, or runs with "
+       "other rights\n2\n"},
+      {"record -- ./none", "atr-dict: ./none: No such file or directory\n2\n"},
+  };
+  for (auto const& [arguments, output] : rows) EXPECT_EQ(run(arguments), output) << arguments;
+}
+#endif
 
 #if ATR_TEST_HAS_PO
 // There and back keeps every text, and gettext's own programs take what is written.

@@ -1,7 +1,6 @@
 // atr-dict: what it says of a line, and that the library does just that.
 #include "check_options.h"
 #include "failure.h"
-#include "support/dict_agreement.h"
 #include "support/support.h"
 
 using namespace test;
@@ -148,30 +147,6 @@ TEST(Tools, GoodEntriesPass) {
     bytes += entry(key + end + (i % 5 == 0 ? "\\@tail" : ""), text + end);
   }
   EXPECT_EQ(findingsOf(bytes), "");
-}
-
-// Dictionaries from pieces that matter to the reader, and whatever else comes.
-TEST(Tools, TheRuntimeShowsWhatTheToolSays) {
-  char const* const pieces[] = {"msg['", "'] = r'", "'\n",      "'\r\n", "'", "\n",
-                                "\\n",   "\\101",   "\xC3\xA9", "\xC3",  "a", "b",
-                                "%d",    "\\@",     "\\xE9",    "\\0",   "#"};
-  for (char const* const name : kLocales) {
-    Locale const locale(name);
-    std::mt19937 random(11);
-    for (int n = 0; n < 400; ++n) {
-      S bytes;
-      for (auto rest = random() % 40; rest > 0; --rest) {
-        bytes += random() % 3 == 0 ? entry(S(1, static_cast<char>('a' + random() % 3)), "x")
-                                   : pieces[random() % std::size(pieces)];
-      }
-      if (n % 50 == 0) bytes.insert(bytes.size() / 2, S(8190, 'x'));
-      if (n % 60 == 0) bytes += '\0';
-      testing::internal::CaptureStderr();
-      S const difference = disagreement(bytes) + formattedDisagreement(bytes);
-      testing::internal::GetCapturedStderr();
-      ASSERT_EQ(difference, "") << name << ", seed 11, step " << n << ":\n" << bytes;
-    }
-  }
 }
 
 TEST(Tools, WhatIsNoDictionaryIsRefused) {

@@ -204,16 +204,14 @@ TEST(Translation, LargeTables) {
       for (auto& [key, text] : pairs) entries.push_back({key.data(), text.data()});
       auto expected = entries;
       std::ranges::stable_sort(expected, {}, [](auto const& e) { return S(e.key); });
-      atr_trTable = {entries.data(), count};
-      EXPECT_TRUE(fails(others, [] { atr_trTable.sort(); }) || others > 1);
-      EXPECT_EQ(picture(atr_trTable), picture({expected.data(), count}));
-      for (auto& [key, text] : pairs) ASSERT_EQ(atr_trTable.find(key + "?").data(), nullptr);
-      atr::KeyIndex index;
-      index.build(entries.data(), count);
-      EXPECT_EQ(index.isEmpty(), count == 400) << count;
-      index.clear();
-      atr_trTable = {nullptr, 0};
-      atr_trReleaseDB();
+      TranslationTable table = {entries.data(), count};  // the vector owns the entries
+      EXPECT_TRUE(fails(others, [&] { table.sort(); }) || others > 1);
+      EXPECT_EQ(picture(table), picture({expected.data(), count}));
+      for (auto& [key, text] : pairs) ASSERT_EQ(table.find(key + "?").data(), nullptr);
+      table.index.clear();
+      table.index.build(entries.data(), count);
+      EXPECT_EQ(table.index.isEmpty(), count == 400) << count;
+      table.index.clear();
     }
   }
 }

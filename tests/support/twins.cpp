@@ -618,7 +618,7 @@ S test::picture(TranslationTable const& table) {
     auto const& [key, text] = table.entries[i];
     auto const order = i + 1 < table.count ? std::strcmp(key, table.entries[i + 1].key) : -1;
     same(order <= 0, true, "the key ", key, " is sorted");
-    if (order != 0) same(S(atr_trTable.find(key)), text, "the last text of the key ", key);
+    if (order != 0) same(S(table.find(key)), text, "the last text of the key ", key);
     picture += "{" + S(key) + "=" + text + "}";
   }
   return picture;

@@ -1,6 +1,7 @@
 #include "asked_keys.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "checks.h"
@@ -34,16 +35,36 @@ std::vector<AskedKey> readAskedKeys(std::string const& path) {
   return isPo ? readPoKeys(path) : readList(path);
 }
 
+namespace {
+
+// The forms that the dictionary has of each source.
+using FormsBySource = std::unordered_map<std::string_view, std::vector<std::string_view>>;
+
+FormsBySource formsBySource(std::vector<PluralSource> const& sources) {
+  FormsBySource forms;
+  for (PluralSource const& source : sources) {
+    for (auto const& [index, entry] : source.entries) forms[source.text].push_back(entry->key);
+  }
+  return forms;
+}
+
+}  // namespace
+
 std::vector<std::string> expanded(std::vector<AskedKey> const& asked, Dictionary const& d) {
   PluralForms const forms = formsOf(ruleOf(d)).value_or(*formsOf("n != 1"));
+  FormsBySource const inDictionary = formsBySource(pluralSources(d));
   std::vector<std::string> keys;
   for (AskedKey const& each : asked) {
-    if (each.others.empty()) {
+    auto const form = pluralKey(each.key);
+    auto const has = form ? inDictionary.find(form->source) : inDictionary.end();
+    if (!each.others.empty()) {
+      keys.push_back(pluralKeyOf(each.key, forms.ofOne));
+      for (int const index : forms.ofOthers) keys.push_back(pluralKeyOf(each.others, index));
+    } else if (has != inDictionary.end()) {
+      keys.insert(keys.end(), has->second.begin(), has->second.end());
+    } else if (each.key != kPluralRuleKey) {
       keys.push_back(each.key);
-      continue;
     }
-    keys.push_back(pluralKeyOf(each.key, forms.ofOne));
-    for (int const index : forms.ofOthers) keys.push_back(pluralKeyOf(each.others, index));
   }
   return keys;
 }

@@ -19,7 +19,8 @@ struct AskedKey {
 /// a dictionary, up to a tab or the line's end. @throw Failure if it cannot be read.
 std::vector<AskedKey> readAskedKeys(std::string const& path);
 
-/// The keys with those of plural forms, as the dictionary's rule asks for them.
+/// The keys with those of plural forms, as the dictionary's rule asks for them. A form in a list
+/// was asked for under the rule of another dictionary, and stands for all forms of its source.
 std::vector<std::string> expanded(std::vector<AskedKey> const& asked, Dictionary const& dictionary);
 
 /// The keys of a dictionary's entries that have a text.

@@ -1,6 +1,4 @@
 // `atr-dict check`: what the runtime would do in silence.
-#include <memory>
-
 #include "asked_keys.h"
 #include "check_options.h"
 #include "checks.h"
@@ -86,32 +84,28 @@ std::vector<std::string> ruleNames() {
 }  // namespace
 
 void addCheck(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<CheckCommand>();
-  CLI::App* const sub = app.add_subcommand("check", "Tell what goes wrong in dictionaries");
-  sub->add_option("FILE", command->files, "dictionaries")->required();
-  sub->add_option("--disable", command->disabled, "leave a rule out; may be given often")
+  auto const [command, sub] =
+      addCommand<CheckCommand>(app, action, "check", say("Tell what goes wrong in dictionaries"));
+  sub->add_option("FILE", command->files, say("dictionaries"))->required();
+  sub->add_option("--disable", command->disabled, say("leave a rule out; may be given often"))
       ->type_name("RULE")
       ->allow_extra_args(false)
       ->check(CLI::IsMember(ruleNames()).description(""));
-  sub->add_option("--charset", command->charsets, "tell what a charset lacks; may be given often")
+  sub->add_option("--charset", command->charsets,
+                  say("tell what a charset lacks; may be given often"))
       ->type_name("NAME")
       ->allow_extra_args(false);
-  sub->add_option("--reference", command->reference, "a dictionary that has all the keys")
+  sub->add_option("--reference", command->reference, say("a dictionary that has all the keys"))
       ->type_name("FILE");
-  sub->add_option("--keys", command->keys, "the keys that the program asks for")
+  sub->add_option("--keys", command->keys, say("the keys that the program asks for"))
       ->type_name("POT|LIST");
-  sub->add_flag("--strict", command->isStrict, "warnings count for the exit status too");
-  std::map<std::string, Format> const formats{
-      {"text", Format::text}, {"json", Format::json}, {"github", Format::github}};
-  sub->add_option("--format", command->format, "how findings are shown")
-      ->type_name("text|json|github")
-      ->transform(CLI::CheckedTransformer(formats).description(""));
-  std::map<std::string, Color> const colors{
-      {"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}};
-  sub->add_option("--color", command->color, "when findings are coloured")
-      ->type_name("auto|always|never")
-      ->transform(CLI::CheckedTransformer(colors).description(""));
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  sub->add_flag("--strict", command->isStrict, say("warnings count for the exit status too"));
+  addChoice<Format>(*sub, "--format", command->format,
+                    {{"text", Format::text}, {"json", Format::json}, {"github", Format::github}},
+                    say("how findings are shown"));
+  addChoice<Color>(*sub, "--color", command->color,
+                   {{"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}},
+                   say("when findings are coloured"));
 }
 
 }  // namespace dict

@@ -100,14 +100,14 @@ void ConversionCheck::checkLost(Pieces const& pieces, std::string_view whole, bo
   }
 }
 
-// The parts of a run that the library bounds; a text's own width is not bounded.
+// The parts of a layout that the library bounds; a text's own width is not bounded.
 void ConversionCheck::checkField(TemplatePiece const& conversion) {
   if (conversion.letter == 's') return;
   long longest = 0;
-  for (std::size_t i = 0; i < conversion.run.size();) {
-    std::size_t const digits = conversion.run.find_first_not_of("0123456789", i);
-    std::size_t const end = std::min(digits, conversion.run.size());
-    std::string const number(conversion.run.substr(i, std::min<std::size_t>(end - i, 9)));
+  for (std::size_t i = 0; i < conversion.layout.size();) {
+    std::size_t const digits = conversion.layout.find_first_not_of("0123456789", i);
+    std::size_t const end = std::min(digits, conversion.layout.size());
+    std::string const number(conversion.layout.substr(i, std::min<std::size_t>(end - i, 9)));
     longest = std::max(longest, std::strtol(number.c_str(), nullptr, 10));
     i = end + 1;
   }
@@ -156,7 +156,11 @@ void ConversionCheck::reportMissing() {
     if (!isThere) names += (names.empty() ? "" : ", ") + toLocale(key_[i].bytes);
   }
   if (names.empty()) names = toLocale(key_.back().bytes);
-  findings_.add(Rule::missingConversion, entry_.rawValue.data() + entry_.rawValue.size(),
+  // A value of the newline alone ends on the next line.
+  std::string_view const line = findings_.dictionary().lineOf(entry_).text;
+  char const* const end =
+      std::min(entry_.rawValue.data() + entry_.rawValue.size(), line.data() + line.size());
+  findings_.add(Rule::missingConversion, end,
                 say("the text has no place for %s; %d of %d values are shown", names,
                     static_cast<int>(text_.size()), static_cast<int>(key_.size())),
                 say("values go by rank: what remains moves up"));

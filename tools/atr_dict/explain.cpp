@@ -1,15 +1,13 @@
 // `atr-dict explain`: does the real start in the caller's environment and tells the story.
 //
-// The process has one table. The start comes first, and all that it tells is kept as facts; then
-// the table is released and takes the tool's own messages, in which the story is told.
+// The process has one table. The tool's own messages leave it for the start, of which everything is
+// kept as facts; then they come back, and the story is told in them.
 #include "explain.h"
 #include <algorithm>
 
 #include "messages.h"  // its strings of the library have to know the standard ones from the start
 
 #include <clocale>
-#include <cstdlib>
-#include <memory>
 
 #include "atr/frame/lifecycle.h"
 #include "atr/strings/working_string.h"
@@ -23,6 +21,7 @@
 #include "files.h"
 #include "nearest_key.h"
 #include "system.h"
+#include "variables.h"
 
 namespace dict {
 
@@ -52,11 +51,6 @@ class Recorder : public atr::SelectionWatch {
   StartFacts& facts_;
 };
 
-std::optional<std::string> variable(char const* name) {
-  char const* const value = std::getenv(name);
-  return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
-}
-
 // Looks a key up in the real table, which is built.
 KeyFacts lookUp(std::string const& key) {
   KeyFacts facts;
@@ -72,6 +66,17 @@ KeyFacts lookUp(std::string const& key) {
 }  // namespace
 
 bool CandidateFact::isAbsent() const { return isOpened || reason == system::absence(); }
+
+std::string dictionaryOfTheCaller() {
+  atr::SelectionWatch nobody;
+  int starts = 0;
+  atr_initialize(starts);
+  atr_StringBasePrv path;
+  bool const isFound = atr::selectDictionary(&path, nobody);
+  std::string result = isFound ? path.c_str() : "";
+  atr_finalize(starts);
+  return result;
+}
 
 StartFacts startAsTheCaller(std::vector<std::string> const& keys) {
   StartFacts facts;
@@ -278,17 +283,29 @@ int explain(StartFacts const& facts) {
   return story.hasHints() ? kFound : kAllWell;
 }
 
+namespace {
+
+struct ExplainCommand {
+  std::vector<std::string> keys;
+
+  int run() {
+    for (std::string& key : keys) key = decodeEscapes(key);
+    return explain(factsOfStart());
+  }
+
+ private:
+  StartFacts factsOfStart() const {
+    WithoutOwnMessages const start;
+    return startAsTheCaller(keys);
+  }
+};
+
+}  // namespace
+
 void addExplain(CLI::App& app, Action& action) {
-  auto const keys = std::make_shared<std::vector<std::string>>();
-  CLI::App* const sub =
-      app.add_subcommand("explain", "Tell what the library makes of the environment");
-  sub->add_option("KEY", *keys, "messages to look up, with escapes as in a dictionary");
-  // The start comes before the tool's own messages are loaded, and so before the action.
-  sub->final_callback([keys, &action] {
-    for (std::string& key : *keys) key = decodeEscapes(key);
-    auto const facts = std::make_shared<StartFacts>(startAsTheCaller(*keys));
-    action = [facts] { return explain(*facts); };
-  });
+  auto const [command, sub] = addCommand<ExplainCommand>(
+      app, action, "explain", say("Tell what the library makes of the environment"));
+  addWords(*sub, "KEY", say("messages to look up, with escapes as in a dictionary"), command->keys);
 }
 
 }  // namespace dict

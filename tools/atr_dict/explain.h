@@ -1,4 +1,5 @@
-// What a start of the library did, as facts.
+// What a start of the library did, as facts. A start wants a process as it began, without the
+// tool's own messages.
 #ifndef ATR_TOOLS_ATR_DICT_EXPLAIN_H
 #define ATR_TOOLS_ATR_DICT_EXPLAIN_H
 
@@ -50,6 +51,9 @@ struct StartFacts {
 
   bool isAscii() const { return codeset == "ANSI_X3.4-1968" || codeset == "US-ASCII"; }
 };
+
+/// The dictionary that a start of the library chooses, or an empty path.
+std::string dictionaryOfTheCaller();
 
 /// Starts the library, builds the table, looks the keys up, and stops it again.
 StartFacts startAsTheCaller(std::vector<std::string> const& keys);

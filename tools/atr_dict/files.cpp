@@ -8,6 +8,7 @@
 
 #include "failure.h"
 #include "messages.h"
+#include "system.h"
 
 namespace dict {
 
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 namespace {
 
 [[noreturn]] void failOn(std::string const& name, int reason) {
-  throw Failure(say("%s: %s", toLocale(name), std::generic_category().message(reason)));
+  throw Failure(say("%s: %s", toLocale(name), system::reasonOf(reason)));
 }
 
 struct RemoveFile {
@@ -61,25 +62,38 @@ std::string readFile(std::string const& path) {
   return bytes;
 }
 
+namespace {
+
+// Returns the system's reason, or 0.
+int write(fs::path const& path, std::string_view bytes) {
+  FileHandle file(std::fopen(path.string().c_str(), "wb"));
+  if (file == nullptr) return errno;
+  errno = 0;
+  bool const isTaken = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+                       std::fflush(file.get()) == 0;
+  if (isTaken && std::fclose(file.release()) == 0) return 0;
+  return errno != 0 ? errno : EIO;
+}
+
+}  // namespace
+
 void writeFile(std::string const& path, std::string_view bytes) {
   if (path == "-") return print(bytes);
-  // A link keeps pointing at the file that is written.
   std::error_code error;
+  fs::file_status const status = fs::status(path, error);
+  if (fs::is_directory(status)) failOn(path, EISDIR);
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
+    if (int const reason = write(path, bytes)) failOn(path, reason);
+    return;
+  }
+  // A link keeps pointing at the file that is written.
   bool const isLink = fs::is_symlink(path, error);
   error.clear();
   fs::path const target = isLink ? fs::canonical(path, error) : fs::path(path);
   if (error) failOn(path, error.value());
   RemoveFile beside{target.string() + ".atr-dict-new"};
-  FileHandle file(std::fopen(beside.path.string().c_str(), "wb"));
-  if (file == nullptr) {
-    int const reason = errno;
-    beside.path.clear();
-    failOn(path, reason);
-  }
-  bool const isWritten = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-                         std::fflush(file.get()) == 0;
-  if (!isWritten || std::fclose(file.release()) != 0) failOn(path, errno);
-  if (fs::exists(target)) fs::permissions(beside.path, fs::status(target).permissions(), error);
+  if (int const reason = write(beside.path, bytes)) failOn(path, reason);
+  if (fs::exists(status)) fs::permissions(beside.path, status.permissions(), error);
   fs::rename(beside.path, target, error);
   if (error) failOn(path, error.value());
   beside.path.clear();

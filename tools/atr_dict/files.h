@@ -28,7 +28,8 @@ void failOnReadError(std::FILE* file, std::string const& path);
 std::string readFile(std::string const& path);
 
 /// Writes `bytes` beside the file and renames the result, so that an interruption or a full disk
-/// leaves the old file as it was. `-` writes to the standard output.
+/// leaves the old file as it was. `-` writes to the standard output, and a device takes the bytes
+/// itself.
 /// @throw Failure with the system's reason; nothing is left behind then.
 void writeFile(std::string const& path, std::string_view bytes);
 

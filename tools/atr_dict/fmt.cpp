@@ -1,5 +1,4 @@
 // `atr-dict fmt`: the canonical form.
-#include <memory>
 
 #include "check_options.h"
 #include "checks.h"
@@ -22,6 +21,11 @@ bool losesSomething(Dictionary const& d) {
   return !findings.sorted().empty();
 }
 
+// In front of a newline they would be read as a part of it.
+std::string withoutReturns(std::string_view line) {
+  return std::string(line.substr(0, line.find_last_not_of('\r') + 1));
+}
+
 }  // namespace
 
 std::optional<std::string> formatted(Dictionary const& d) {
@@ -34,10 +38,13 @@ std::optional<std::string> formatted(Dictionary const& d) {
       Entry const& e = d.entries[static_cast<std::size_t>(line.entry)];
       entry = entryLine(e.key, e.text);
     }
-    result += entry ? *entry : std::string(line.text);
     // The pieces of a long comment stay together.
     bool const isPiece = !line.hasNewline && &line != &d.lines.back();
-    if (!entry && !isPiece) result += '\n';
+    if (entry) {
+      result += *entry;
+    } else {
+      result += isPiece ? std::string(line.text) : withoutReturns(line.text) + '\n';
+    }
   }
   return result;
 }
@@ -85,11 +92,10 @@ int FormatCommand::run() const {
 }  // namespace
 
 void addFormat(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<FormatCommand>();
-  CLI::App* const sub = app.add_subcommand("fmt", "Give dictionaries their canonical form");
-  sub->add_option("FILE", command->files, "dictionaries, rewritten in place")->required();
-  sub->add_flag("--check", command->isCheck, "change nothing, and tell which are not in it");
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  auto const [command, sub] =
+      addCommand<FormatCommand>(app, action, "fmt", say("Give dictionaries their canonical form"));
+  sub->add_option("FILE", command->files, say("dictionaries, rewritten in place"))->required();
+  sub->add_flag("--check", command->isCheck, say("change nothing, and tell which are not in it"));
 }
 
 }  // namespace dict

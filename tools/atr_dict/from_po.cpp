@@ -1,6 +1,4 @@
 // `atr-dict from-po` and `to-pot`: from PO to a dictionary, and a template that fits.
-#include <memory>
-
 #include "atr/translation/entry_line.h"
 #include "entry_text.h"
 #include "failure.h"
@@ -152,25 +150,18 @@ struct ToPotCommand {
 }  // namespace
 
 void addFromPo(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<FromPoCommand>();
-  CLI::App* const sub = app.add_subcommand("from-po", "Make a dictionary of a PO file");
-  sub->add_option("PO", command->source, "a PO file in UTF-8")->required();
-  sub->add_option("-o,--output", command->output, "the dictionary to write; - for the output")
-      ->type_name("FILE")
-      ->required();
-  sub->add_flag("--fuzzy", command->takesFuzzy, "take fuzzy translations too");
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  auto const [command, sub] =
+      addCommand<FromPoCommand>(app, action, "from-po", say("Make a dictionary of a PO file"));
+  sub->add_option("PO", command->source, say("a PO file in UTF-8"))->required();
+  addOutput(*sub, command->output, "FILE", say("the dictionary to write; - for the output"));
+  sub->add_flag("--fuzzy", command->takesFuzzy, say("take fuzzy translations too"));
 }
 
 void addToPot(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<ToPotCommand>();
-  CLI::App* const sub =
-      app.add_subcommand("to-pot", "Turn the tails of an extracted template into contexts");
-  sub->add_option("POT", command->source, "a template as xgettext writes it")->required();
-  sub->add_option("-o,--output", command->output, "the template to write")
-      ->type_name("POT")
-      ->required();
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  auto const [command, sub] = addCommand<ToPotCommand>(
+      app, action, "to-pot", say("Turn the tails of an extracted template into contexts"));
+  sub->add_option("POT", command->source, say("a template as xgettext writes it"))->required();
+  addOutput(*sub, command->output, "POT", say("the template to write"));
 }
 
 void addPoCommands(CLI::App& app, Action& action) {

@@ -11,17 +11,20 @@
 namespace {
 
 int run(int argc, char** argv) {
-  CLI::App app("The companion of ZLTatr's dictionaries.", "atr-dict");
-  app.set_version_flag("--version", "atr-dict " ATR_VERSION);
+  dict::loadOwnMessages();
+  CLI::App app(dict::say("The companion of ZLTatr's dictionaries."), "atr-dict");
+  dict::speakTheUsersLanguage(app);
+  app.set_version_flag("--version", "atr-dict " ATR_VERSION,
+                       dict::say("Print the version and exit"));
   app.require_subcommand(1);
-  app.set_help_all_flag("--help-all", "Print this help message with that of all commands");
-  app.footer("Exit status: 0 all well, 1 something found, 2 could not run.");
+  app.footer(dict::say("Exit status: 0 all well, 1 something found, 2 could not run."));
   dict::Action action;
   dict::addCheck(app, action);
   dict::addExplain(app, action);
   dict::addFormat(app, action);
   dict::addStats(app, action);
   dict::addPseudo(app, action);
+  dict::addRecord(app, action);
   dict::addPoCommands(app, action);
   dict::addRules(app, action);
   try {
@@ -29,7 +32,6 @@ int run(int argc, char** argv) {
   } catch (CLI::ParseError const& error) {
     return app.exit(error) == 0 ? dict::kAllWell : dict::kCouldNotRun;
   }
-  dict::loadOwnMessages(dict::system::programFolder());
   int const status = action();
   dict::finishOutput();
   return status;

@@ -1,16 +1,14 @@
 // Loads the program's own dictionary by the library's own way: through the environment.
 #include "messages.h"
 
-#include <array>
 #include <clocale>
-#include <cstdlib>
 #include <filesystem>
-#include <optional>
 
 #include "atr/encoding/transcoding.h"
 #include "atr/encoding/utf8.h"
 #include "atr/translation/translation.h"
 #include "system.h"
+#include "variables.h"
 
 namespace dict {
 
@@ -19,41 +17,17 @@ namespace {
 // The language alone, as in "de"; empty for English and for none.
 std::string userLanguage() {
   for (char const* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    char const* const value = std::getenv(name);
-    if (value != nullptr && *value != '\0') return std::string(value).substr(0, 2);
+    std::string const value = variable(name).value_or("");
+    if (!value.empty()) return value.substr(0, 2);
   }
   return system::userLanguage();
 }
 
-// Sets variables of the environment, and what they were at the end of its scope.
-class Variables {
- public:
-  void set(char const* name, char const* value) {
-    char const* const before = std::getenv(name);
-    before_[used_++] = {name,
-                        before != nullptr ? std::optional<std::string>(before) : std::nullopt};
-    system::setVariable(name, value);
-  }
-  Variables() = default;
-  Variables(Variables const&) = delete;
-  Variables& operator=(Variables const&) = delete;
-  ~Variables() {
-    for (std::size_t i = used_; i-- > 0;) {
-      auto const& [name, value] = before_[i];
-      system::setVariable(name, value ? value->c_str() : nullptr);
-    }
-  }
-
- private:
-  std::array<std::pair<char const*, std::optional<std::string>>, 8> before_;
-  std::size_t used_ = 0;
-};
-
-std::string findMessages(std::string const& besideProgram, std::string const& language) {
+std::string findMessages(std::string const& language) {
   namespace fs = std::filesystem;
   std::error_code ignored;
   for (char const* const folder : {"/../share/atr-dict", "/atr-dict-messages"}) {
-    std::string root = besideProgram + folder;
+    std::string root = system::programFolder() + folder;
     if (fs::is_regular_file(root + "/" + language + "/atr-dict.py", ignored)) return root;
   }
   return "";
@@ -61,19 +35,24 @@ std::string findMessages(std::string const& besideProgram, std::string const& la
 
 }  // namespace
 
-void loadOwnMessages(std::string const& besideProgram) {
+void loadOwnMessages() {
   std::setlocale(LC_CTYPE, "");
   std::string const language = userLanguage();
-  std::string const root = findMessages(besideProgram, language);
+  std::string const root = findMessages(language);
   if (root.empty()) return;
   Variables variables;
   variables.set("ZELTRA_SUPPORTED_LOCALE", "1");
-  variables.set("ZELTRA_TRANSLATION_DICTIONARY", (language + "/atr-dict.py").c_str());
-  variables.set("ZEL_PATH", root.c_str());
-  variables.set("QMR_DICT_DIR", nullptr);
-  variables.set("ZELTRA_LANG", nullptr);
-  variables.set("ZLT_LC_ALL", std::getenv("ZLT_LC_ALL"));
+  variables.set("ZELTRA_TRANSLATION_DICTIONARY", language + "/atr-dict.py");
+  variables.set("ZEL_PATH", root);
+  variables.set("QMR_DICT_DIR", std::nullopt);
+  variables.set("ZELTRA_LANG", std::nullopt);
+  variables.set("ZLT_LC_ALL", variable("ZLT_LC_ALL"));
   atr_trBuildDB();
+}
+
+WithoutOwnMessages::WithoutOwnMessages() {
+  atr_trReleaseDB();
+  std::setlocale(LC_ALL, "C");
 }
 
 namespace {

@@ -11,8 +11,17 @@ namespace dict {
 
 /// Takes the program's own dictionary for the user's language as the process's table, if there is
 /// one. The environment is as before afterwards; LC_CTYPE follows the user.
-/// @param besideProgram the folder that the program stands in.
-void loadOwnMessages(std::string const& besideProgram);
+void loadOwnMessages();
+
+/// Takes the tool's own messages away for a while: the process is as it began, for the library to
+/// start in it as it does in a caller's program.
+class WithoutOwnMessages {
+ public:
+  WithoutOwnMessages();
+  WithoutOwnMessages(WithoutOwnMessages const&) = delete;
+  WithoutOwnMessages& operator=(WithoutOwnMessages const&) = delete;
+  ~WithoutOwnMessages() { loadOwnMessages(); }
+};
 
 /// The message under `key` with its values, which are texts in the encoding of the locale or
 /// numbers, in their places.

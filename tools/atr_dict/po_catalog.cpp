@@ -2,12 +2,12 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 
 #include "failure.h"
 #include "files.h"
 #include "messages.h"
 #include "po_file.h"
+#include "scratch_folder.h"
 
 namespace dict {
 
@@ -56,18 +56,15 @@ PoFile readPo(std::string const& path) {
   return file;
 }
 
+// libgettextpo writes files itself, and not beside them.
 void writePo(po_file_t file, std::string const& path) {
-  std::string const beside = path == "-" ? path : path + ".atr-dict-po";
+  ScratchFolder const scratch;
+  std::string const made = scratch / "made.po";
   firstError.clear();
-  bool const isWritten = po_file_write(file, beside.c_str(), &kHandler) != nullptr;
-  if (isWritten && firstError.empty() && path != "-") {
-    std::string const bytes = readFile(beside);
-    std::filesystem::remove(beside);
-    return writeFile(path, bytes);
-  }
-  if (!isWritten || !firstError.empty()) {
+  if (po_file_write(file, made.c_str(), &kHandler) == nullptr || !firstError.empty()) {
     throw Failure(say("%s: %s", toLocale(path), firstError));
   }
+  writeFile(path, readFile(made));
 }
 
 bool isPoHeader(po_message_t message) {

@@ -17,7 +17,7 @@ using PoFile = std::unique_ptr<std::remove_pointer_t<po_file_t>, FreePoFile>;
 /// Reads a PO file in UTF-8. @throw Failure with the reader's first complaint.
 PoFile readPo(std::string const& path);
 
-/// Writes beside the file and renames. @throw Failure.
+/// Writes as writeFile does. @throw Failure.
 void writePo(po_file_t file, std::string const& path);
 
 /// Walks over the messages of a file and appends to it.

@@ -1,6 +1,5 @@
 // `atr-dict pseudo`: a dictionary for tests, which shows what is not translated and where layouts
 // break, and stays readable.
-#include <memory>
 
 #include "asked_keys.h"
 #include "commands.h"
@@ -92,13 +91,10 @@ int PseudoCommand::run() const {
 }  // namespace
 
 void addPseudo(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<PseudoCommand>();
-  CLI::App* const sub = app.add_subcommand("pseudo", "Make a dictionary for tests");
-  sub->add_option("FILE|POT", command->source, "where the keys come from")->required();
-  sub->add_option("-o,--output", command->output, "the dictionary to write; - for the output")
-      ->type_name("FILE")
-      ->required();
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  auto const [command, sub] =
+      addCommand<PseudoCommand>(app, action, "pseudo", say("Make a dictionary for tests"));
+  sub->add_option("FILE|POT", command->source, say("where the keys come from"))->required();
+  addOutput(*sub, command->output, "FILE", say("the dictionary to write; - for the output"));
 }
 
 }  // namespace dict

@@ -7,17 +7,22 @@
 
 namespace dict {
 
-static int listRules() {
-  for (RuleInfo const& info : allRules()) {
-    std::string const kind = info.isError ? say("error") : say("warning");
-    print(say("%-20s %-8s %s", std::string(info.name), kind, say(info.summary)) + "\n");
+namespace {
+
+struct RulesCommand {
+  int run() const {
+    for (RuleInfo const& info : allRules()) {
+      std::string const kind = info.isError ? say("error") : say("warning");
+      print(say("%-20s %-8s %s", std::string(info.name), kind, say(info.summary)) + "\n");
+    }
+    return kAllWell;
   }
-  return kAllWell;
-}
+};
+
+}  // namespace
 
 void addRules(CLI::App& app, Action& action) {
-  CLI::App* const sub = app.add_subcommand("rules", "List the rules of check");
-  sub->final_callback([&action] { action = listRules; });
+  addCommand<RulesCommand>(app, action, "rules", say("List the rules of check"));
 }
 
 }  // namespace dict

@@ -1,6 +1,6 @@
 // `atr-dict stats`: how far translations have come.
+#include <charconv>
 #include <map>
-#include <memory>
 #include <set>
 #include <unordered_set>
 
@@ -106,16 +106,24 @@ int StatsCommand::run() const {
 
 }  // namespace
 
+// What is wrong with a text as a percentage, or nothing.
+static std::string notPercentage(std::string const& text) {
+  double value = -1;
+  auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  bool const isGood =
+      error == std::errc() && end == text.data() + text.size() && value >= 0 && value <= 100;
+  return isGood ? "" : say("\"%s\" is no percentage", text);
+}
+
 void addStats(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<StatsCommand>();
-  CLI::App* const sub = app.add_subcommand("stats", "Count what is translated");
-  sub->add_option("FILE", command->files, "dictionaries")->required();
-  sub->add_option("--keys", command->keys, "the keys that the program asks for")
+  auto const [command, sub] =
+      addCommand<StatsCommand>(app, action, "stats", say("Count what is translated"));
+  sub->add_option("FILE", command->files, say("dictionaries"))->required();
+  sub->add_option("--keys", command->keys, say("the keys that the program asks for"))
       ->type_name("POT|LIST");
-  sub->add_option("--require", command->required, "the percentage below which the status is 1")
+  sub->add_option("--require", command->required, say("the percentage below which the status is 1"))
       ->type_name("PERCENT")
-      ->check(CLI::Range(0.0, 100.0).description(""));
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+      ->check(&notPercentage);
 }
 
 }  // namespace dict

@@ -1,5 +1,5 @@
-// What differs between the platforms for the tool, one call or one fact each. system_posix.cpp and
-// system_windows.cpp define these names in this order.
+// What the tool asks of the system. Where the platforms differ, system_posix.cpp and
+// system_windows.cpp define the names in their order, one call or one fact each.
 #ifndef ATR_TOOLS_ATR_DICT_SYSTEM_H
 #define ATR_TOOLS_ATR_DICT_SYSTEM_H
 
@@ -29,6 +29,9 @@ void writeBytes(std::FILE* stream);
 
 /// The name of the codeset of LC_CTYPE.
 std::string codeset();
+
+/// The system's words for a number as in errno.
+std::string reasonOf(int error);
 
 /// Why a path does not open as a regular file, in the system's words.
 std::string whyNotOpened(char const* path);

@@ -3,7 +3,6 @@
 #include <langinfo.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -36,26 +35,6 @@ void ignoreClosedPipes() { std::signal(SIGPIPE, SIG_IGN); }
 void writeBytes(std::FILE*) {}
 
 std::string codeset() { return nl_langinfo(CODESET); }
-
-namespace {
-
-std::string reasonOf(int error) { return std::generic_category().message(error); }
-
-}  // namespace
-
-std::string whyNotOpened(char const* path) {
-  std::error_code error;
-  auto const status = std::filesystem::status(path, error);
-  if (!std::filesystem::exists(status)) return reasonOf(error ? error.value() : ENOENT);
-  if (std::filesystem::is_directory(status)) return reasonOf(EISDIR);
-  if (!std::filesystem::is_regular_file(status)) return reasonOf(EINVAL);
-  std::FILE* const file = std::fopen(path, "rb");
-  if (file == nullptr) return reasonOf(errno);
-  std::fclose(file);
-  return "";
-}
-
-std::string absence() { return reasonOf(ENOENT); }
 
 namespace {
 

@@ -3,7 +3,6 @@
 #include <io.h>
 #include <windows.h>
 
-#include <cerrno>
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
@@ -40,26 +39,6 @@ std::string codeset() {
   std::size_t const dot = locale.find('.');
   return dot == locale.npos ? "US-ASCII" : "CP" + locale.substr(dot + 1);
 }
-
-namespace {
-
-std::string reasonOf(int error) { return std::generic_category().message(error); }
-
-}  // namespace
-
-std::string whyNotOpened(char const* path) {
-  std::error_code error;
-  auto const status = std::filesystem::status(path, error);
-  if (!std::filesystem::exists(status)) return reasonOf(error ? error.value() : ENOENT);
-  if (std::filesystem::is_directory(status)) return reasonOf(EISDIR);
-  if (!std::filesystem::is_regular_file(status)) return reasonOf(EINVAL);
-  std::FILE* const file = std::fopen(path, "rb");
-  if (file == nullptr) return reasonOf(errno);
-  std::fclose(file);
-  return "";
-}
-
-std::string absence() { return reasonOf(ENOENT); }
 
 namespace {
 

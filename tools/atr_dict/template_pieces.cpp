@@ -25,7 +25,7 @@ class Cutter {
     add(TemplatePiece::conversion, c.letter + 1);
     TemplatePiece& piece = pieces_.back();
     piece.position = c.number;
-    piece.run = {c.layout, static_cast<std::size_t>(c.letter - c.layout)};
+    piece.layout = {c.layout, static_cast<std::size_t>(c.letter - c.layout)};
     piece.letter = *c.letter;
   }
 
@@ -55,7 +55,7 @@ std::vector<TemplatePiece> cutTemplate(std::string_view text) {
       if (!view.empty()) view = {text.data() + (view.data() - begin), view.size()};
     };
     rebase(piece.bytes);
-    rebase(piece.run);
+    rebase(piece.layout);
   }
   return pieces;
 }

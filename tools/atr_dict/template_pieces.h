@@ -14,7 +14,7 @@ struct TemplatePiece {
   std::string_view bytes;  // as in the template; `%%` for a percent sign
   // of a conversion:
   int position = 0;  // its number, or Conversion::kNoNumber
-  std::string_view run;
+  std::string_view layout;
   char letter = '\0';
 };
 

@@ -2,7 +2,6 @@
 #include <cstring>
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <unordered_map>
 
 #include "atr/encoding/strict_utf8.h"
@@ -18,23 +17,23 @@ namespace dict {
 
 namespace {
 
-// A run as printf of C has it: flags, width, precision, sizes.
-bool isPortableRun(std::string_view run) {
-  auto const skip = [&run](std::string_view set) {
-    run.remove_prefix(std::min(run.find_first_not_of(set), run.size()));
+// A layout as printf of C has it: flags, width, precision, sizes.
+bool isPortableLayout(std::string_view layout) {
+  auto const skip = [&layout](std::string_view set) {
+    layout.remove_prefix(std::min(layout.find_first_not_of(set), layout.size()));
   };
   skip("-0");
   skip("0123456789");
-  if (run.starts_with('.')) {
-    run.remove_prefix(1);
+  if (layout.starts_with('.')) {
+    layout.remove_prefix(1);
     skip("0123456789");
   }
-  return run.empty() || run == "l" || run == "ll";
+  return layout.empty() || layout == "l" || layout == "ll";
 }
 
 std::string_view sizeOf(TemplatePiece const& conversion) {
-  std::size_t const size = conversion.run.find('l');
-  return size == conversion.run.npos ? "" : conversion.run.substr(size);
+  std::size_t const size = conversion.layout.find('l');
+  return size == conversion.layout.npos ? "" : conversion.layout.substr(size);
 }
 
 // True for conversions that C takes as they are, all of them with numbers or none.
@@ -44,7 +43,7 @@ bool isPortable(std::vector<TemplatePiece> const& pieces) {
   for (TemplatePiece const& piece : pieces) {
     if (piece.kind == TemplatePiece::lost) return false;
     if (piece.kind != TemplatePiece::conversion) continue;
-    if (!isPortableRun(piece.run)) return false;
+    if (!isPortableLayout(piece.layout)) return false;
     ++conversions;
     numbered += piece.bytes.find('$') != piece.bytes.npos ? 1 : 0;
   }
@@ -282,13 +281,10 @@ struct ToPoCommand {
 }  // namespace
 
 void addToPo(CLI::App& app, Action& action) {
-  auto const command = std::make_shared<ToPoCommand>();
-  CLI::App* const sub = app.add_subcommand("to-po", "Make a PO file of a dictionary");
-  sub->add_option("FILE", command->source, "a dictionary")->required();
-  sub->add_option("-o,--output", command->output, "the PO file to write")
-      ->type_name("PO")
-      ->required();
-  sub->final_callback([command, &action] { action = [command] { return command->run(); }; });
+  auto const [command, sub] =
+      addCommand<ToPoCommand>(app, action, "to-po", say("Make a PO file of a dictionary"));
+  sub->add_option("FILE", command->source, say("a dictionary"))->required();
+  addOutput(*sub, command->output, "PO", say("the PO file to write"));
 }
 
 }  // namespace dict
