@@ -10,6 +10,7 @@
 #include "dictionary.h"
 #include "failure.h"
 #include "format_dictionary.h"
+#include "support/support.h"
 #include "support/twins.h"
 
 using namespace test;
@@ -83,6 +84,8 @@ int valuesOf(std::string_view text) {
 
 // A value that is missing or one too many is told, and nothing else is.
 void compareValues(dict::Dictionary const& d) {
+  // A code page's best fit may make a conversion's letter of an accented one.
+  Locale const noBestFit("C");
   dict::Findings findings(d, {});
   dict::checkConversions(findings);
   std::map<std::size_t, S> told;  // by line
