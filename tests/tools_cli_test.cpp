@@ -78,7 +78,8 @@ TEST(ToolsRun, CheckAgainstCharsetReferenceAndKeys) {
 }
 
 TEST(ToolsRun, WhatCannotRunSaysWhyAndForWhichFile) {
-  TempFile const file("good.py", kEntry);
+  TempFile const file("good.py", kEntry), huge("long.py", "");
+  std::filesystem::resize_file(huge.path, std::uintmax_t{1} << 30);  // zeros, which take no room
   std::tuple<char const*, S> const rows[] = {
       {"check none.py", "atr-dict: none.py: No such file or directory\n2\n"},
       {"check .", "atr-dict: .: Is a directory\n2\n"},
@@ -86,6 +87,9 @@ TEST(ToolsRun, WhatCannotRunSaysWhyAndForWhichFile) {
       {"check none.py good.py", "atr-dict: none.py: No such file or directory\n2\n"},
       {"pseudo good.py -o none/a.py", "atr-dict: none/a.py: No such file or directory\n2\n"},
       {"rules >/dev/full", "atr-dict: standard output: No space left on device\n2\n"},
+      {"pseudo good.py -o /dev/full", "atr-dict: /dev/full: No space left on device\n2\n"},
+      {"check long.py",
+       "atr-dict: long.py: line 1 has more than a megabyte; this is no dictionary\n2\n"},
       {"rules >&-", "atr-dict: standard output: Bad file descriptor\n2\n"},
       {"check", "FILE is required\nRun with --help or --help-all to learn more.\n2\n"},
   };
@@ -300,7 +304,10 @@ TEST(ToolsRun, PoTellsWhatItCannotSay) {
                        "#, fuzzy\nmsgid \"a\"\nmsgstr \"b\"\n");
   EXPECT_EQ(run("from-po f.po -o -"), "0\n");
   EXPECT_EQ(run("from-po --fuzzy f.po -o -"), "msg['a'] = r'b'\n0\n");
-  TempFile const broken("b.po", "msgid \"a\n");
+  TempFile const broken("b.po", "msgid \"a\n"), huge("long.po", "\n");
+  std::filesystem::resize_file(huge.path, std::uintmax_t{1} << 30);
+  EXPECT_EQ(run("from-po long.po -o c.py"),
+            "atr-dict: long.po: line 2 has more than a megabyte; this is no PO file\n2\n");
   EXPECT_EQ(run("from-po b.po -o c.py").substr(0, 15), "atr-dict: b.po:");
   EXPECT_FALSE(std::filesystem::exists(tempFolder() + "/c.py"));
   TempFile const pot("x.pot", "msgid \"Open\\\\@menu\"\nmsgstr \"\"\n");

@@ -134,8 +134,10 @@ class atr_String : public atr_StringBase {
   ATR_API atr_String& ReplaceNonTranslated(char const* pattern, atr_StringBase const& value);
   ATR_API atr_String& ReplaceNonTranslated(char const* pattern, char const* value);
 
-  // The operations of the base, documented there. Those that change the string return it.
+  /// @name The operations of the base
+  /// @{
 
+  /// The operation of atr_StringBase, documented there. One that changes the string returns it.
   void Delete() { atr_StringBase::Delete(); }
   void isolate(Bytes n) { atr_StringBase::isolate(n); }
   char* get(Bytes n) { return atr_StringBase::get(n); }
@@ -183,6 +185,8 @@ class atr_String : public atr_StringBase {
   atr_String& Capitalize() { return self(atr_StringBase::Capitalize()); }
   atr_String& Uncapitalize() { return self(atr_StringBase::Uncapitalize()); }
   atr_String& Reverse() { return self(atr_StringBase::Reverse()); }
+
+  /// @}
 
  private:
   explicit atr_String(atr::detail::Decimal const& number)

@@ -1,5 +1,6 @@
 // The twin of atr-dict: what it says of a dictionary, beside what the library makes of the same
 // file.
+#include <clocale>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -10,7 +11,6 @@
 #include "dictionary.h"
 #include "failure.h"
 #include "format_dictionary.h"
-#include "support/support.h"
 #include "support/twins.h"
 
 using namespace test;
@@ -82,10 +82,16 @@ int valuesOf(std::string_view text) {
   return count;
 }
 
+// A code page's best fit may make a conversion's letter of an accented one. ASCII has none.
+struct WithoutBestFit {
+  WithoutBestFit() { std::setlocale(LC_ALL, "C"); }
+  ~WithoutBestFit() { std::setlocale(LC_ALL, before.c_str()); }
+  S const before = std::setlocale(LC_ALL, nullptr);
+};
+
 // A value that is missing or one too many is told, and nothing else is.
 void compareValues(dict::Dictionary const& d) {
-  // A code page's best fit may make a conversion's letter of an accented one.
-  Locale const noBestFit("C");
+  WithoutBestFit const scope;
   dict::Findings findings(d, {});
   dict::checkConversions(findings);
   std::map<std::size_t, S> told;  // by line

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 #include "failure.h"
 #include "files.h"
@@ -36,10 +37,32 @@ void onErrors(int severity, po_message_t message, char const* file, size_t line,
 
 constexpr po_xerror_handler kHandler = {onError, onErrors};
 
+// libgettextpo would read on for a minute, and take memory without bound.
+void refuseLongLines(std::string const& path) {
+  constexpr std::size_t kLongestLine = 1 << 20;
+  FileHandle const file = openToRead(path);
+  std::vector<char> buffer(1 << 16);
+  std::size_t lineBytes = 0;
+  int number = 1;
+  while (std::size_t const bytes = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+    std::string_view rest(buffer.data(), bytes);
+    for (std::size_t end = 0; (end = rest.find('\n')) != rest.npos; rest.remove_prefix(end + 1)) {
+      lineBytes = 0;
+      ++number;
+    }
+    lineBytes += rest.size();
+    if (lineBytes > kLongestLine) {
+      throw Failure(say("%s: %s", toLocale(path),
+                        say("line %d has more than a megabyte; this is no PO file", number)));
+    }
+  }
+  failOnReadError(file.get(), path);
+}
+
 }  // namespace
 
 PoFile readPo(std::string const& path) {
-  openToRead(path);
+  refuseLongLines(path);
   firstError.clear();
   PoFile file(po_file_read(path.c_str(), &kHandler));
   if (file == nullptr || !firstError.empty()) {
